@@ -1,0 +1,188 @@
+#include "app/Program.h"
+
+#include "access/frmCompanyInfo.h"
+#include "access/frmLogon.h"
+#include "page/frmMain.h"
+#include "platform/Files.h"
+#include "start/Startup.h"
+#include "start/frmAbout.h"
+#include "start/frmExit.h"
+#include "start/frmFirst.h"
+#include "start/frmStart.h"
+#include "store/DatabaseFiles.h"
+#include "systems/KeySystems.h"
+#include "systems/frmCreateFile.h"
+#include "systems/frmOpenFile.h"
+#include "widgets/HelpContexts.h"
+#include "widgets/HelpWindow.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace quorrel {
+
+Program::Program(Session& session) : m_session(session) {
+    qApp->installEventFilter(this);
+}
+
+Program::~Program() {
+    for (const auto& form : m_forms)
+        delete form.data();
+}
+
+/// Takes a new form into care and gives it what every form needs.
+template <class FormType>
+FormType* Program::Load(FormType* form) {
+    std::erase_if(m_forms, [](const QPointer<QWidget>& known) { return known.isNull(); });
+    m_forms.emplace_back(form);
+    connect(form, &FormType::HelpWanted, this, &Program::ShowHelp);
+    return form;
+}
+
+QWidget* Program::LoadedForm(const QString& objectName) const {
+    for (const auto& form : m_forms)
+        if (form && form->objectName() == objectName)
+            return form;
+    return nullptr;
+}
+
+void Program::Start(bool splash) {
+    auto* start = Load(new frmStart(m_session));
+    connect(start, &frmStart::FilesNotFound, this, [this, start](const QString& failure) {
+        start->close();
+        FilesNotFound(failure);
+    });
+    connect(start, &frmStart::FirstRunFound, this, [this, start] {
+        ShowFirst();
+        start->close();
+    });
+    connect(start, &frmStart::LogonWanted, this, [this, start] {
+        start->close();
+        ShowLogon();
+    });
+    start->Begin(splash);
+}
+
+void Program::FilesNotFound(const QString& failure) {
+    m_session.boxes.Message(failure, QStringLiteral("Quorrel"), BoxButtons::Ok, BoxIcon::Warning);
+    End();
+}
+
+void Program::ShowFirst() {
+    auto* first = Load(new frmFirst(m_session));
+    connect(first, &frmFirst::CompanyWanted, this, [this] { ShowCompany(false); });
+    connect(first, &frmFirst::Ended, this, &Program::End);
+    first->show();
+}
+
+void Program::ShowLogon() {
+    auto* logon = Load(new frmLogon(m_session));
+    connect(logon, &frmLogon::LoggedOn, this, &Program::ShowSystems);
+    connect(logon, &frmLogon::Ended, this, &Program::End);
+    logon->show();
+}
+
+void Program::ShowSystems() {
+    if (ListKeySystems(m_session).empty()) {
+        ShowCreate();
+        return;
+    }
+    auto* systems = Load(new frmOpenFile(m_session));
+    connect(systems, &frmOpenFile::SystemOpened, this, &Program::ShowMain);
+    connect(systems, &frmOpenFile::NewSystemWanted, this, &Program::ShowCreate);
+    connect(systems, &frmOpenFile::NoSystems, this, &Program::ShowCreate);
+    connect(systems, &frmOpenFile::Ended, this, &Program::End);
+    systems->show();
+}
+
+void Program::ShowCreate() {
+    auto* create = Load(new frmCreateFile(m_session));
+    connect(create, &frmCreateFile::SystemCreated, this, &Program::ShowMain);
+    connect(create, &frmCreateFile::Cancelled, this, &Program::ShowSystems);
+    connect(create, &frmCreateFile::Ended, this, &Program::End);
+    create->show();
+}
+
+void Program::ShowMain() {
+    if (!m_main) {
+        m_main = Load(new frmMain(m_session));
+        connect(m_main, &frmMain::NewSystemWanted, this, &Program::ShowCreate);
+        connect(m_main, &frmMain::OpenSystemWanted, this, &Program::ShowSystems);
+        connect(m_main, &frmMain::CompanyWanted, this, [this] { ShowCompany(true); });
+        connect(m_main, &frmMain::AboutWanted, this, &Program::ShowAbout);
+        connect(m_main, &frmMain::ExitWanted, this, &Program::ShowExit);
+        connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
+    }
+    m_main->show();
+}
+
+void Program::ShowCompany(bool fromMain) {
+    auto* company = Load(new frmCompanyInfo(m_session));
+    connect(company, &frmCompanyInfo::Closed, this, [this, fromMain] {
+        if (fromMain)
+            ShowMain();
+        else
+            ShowLogon();
+    });
+    company->show();
+}
+
+void Program::ShowExit() {
+    auto* exit = Load(new frmExit(m_session));
+    connect(exit, &frmExit::Ended, this, &Program::End);
+    connect(exit, &frmExit::Cancelled, this, &Program::ShowMain);
+    exit->show();
+}
+
+void Program::ShowAbout() {
+    auto* about = Load(new frmAbout(m_session, SystemInformationTool()));
+    connect(about, &frmAbout::Closed, this, &Program::ShowMain);
+    about->show();
+}
+
+HelpWindow& Program::Help() {
+    if (!m_help)
+        m_help =
+            std::make_unique<HelpWindow>(PathIn(m_session.ProgramFolder, QLatin1String(kHelpFile)));
+    return *m_help;
+}
+
+void Program::ShowHelp(int context) {
+    Help().ShowTopic(context);
+}
+
+void Program::ShowHelpIndex() {
+    Help().ShowIndex();
+}
+
+bool Program::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseMove)
+        m_session.IdleTickCounter = 0;
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1 ||
+        !watched->isWidgetType())
+        return false;
+    for (auto* widget = static_cast<QWidget*>(watched); widget; widget = widget->parentWidget()) {
+        if (const QVariant context = widget->property(kHelpContext); context.isValid()) {
+            ShowHelp(context.toInt());
+            return true;
+        }
+    }
+    return false;
+}
+
+void Program::End() {
+    if (std::exchange(m_ended, true))
+        return;
+    // Unloaded without asking them: whatever was done is stored already.
+    for (auto form = m_forms.rbegin(); form != m_forms.rend(); ++form) {
+        if (!*form)
+            continue;
+        (*form)->hide();
+        (*form)->deleteLater();
+    }
+    m_help.reset();
+    CloseDatabases(m_session);
+    emit Ended();
+}
+
+} // namespace quorrel

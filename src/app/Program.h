@@ -1,0 +1,68 @@
+#pragma once
+
+#include "store/Session.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <vector>
+
+class QWidget;
+
+namespace quorrel {
+
+class Form;
+class HelpWindow;
+class frmMain;
+
+/// The flow of the program: the only place that knows all forms. Forms ask for one another by
+/// signals; this shows, hides and unloads them.
+class Program : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Program(Session& session);
+    ~Program() override;
+
+    /// Begins at `frmStart`.
+    void Start(bool splash);
+
+    /// The form that is loaded under a name, or null.
+    QWidget* LoadedForm(const QString& objectName) const;
+
+    /// Opens the help window at the topic of a context number.
+    void ShowHelp(int context);
+
+signals:
+    /// The program has ended: all forms are gone and the databases closed.
+    void Ended();
+
+protected:
+    /// Mouse movement ends idleness, F1 opens the topic of what is in use.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    template <class FormType>
+    FormType* Load(FormType* form);
+    void ShowFirst();
+    void ShowLogon();
+    void ShowSystems();
+    void ShowCreate();
+    void ShowMain();
+    void ShowCompany(bool fromMain);
+    void ShowExit();
+    void ShowAbout();
+    void ShowHelpIndex();
+    void FilesNotFound(const QString& failure);
+    HelpWindow& Help();
+    void End();
+
+    Session& m_session;
+    std::vector<QPointer<QWidget>> m_forms;
+    QPointer<frmMain> m_main;
+    std::unique_ptr<HelpWindow> m_help;
+    bool m_ended = false;
+};
+
+} // namespace quorrel

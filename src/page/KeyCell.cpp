@@ -1,0 +1,46 @@
+#include "page/KeyCell.h"
+
+#include "engine/CellStates.h"
+#include "widgets/KeyPainter.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace quorrel {
+
+KeyCell::KeyCell(int index, QWidget* parent) : QAbstractButton(parent), m_index(index) {
+    setObjectName(QStringLiteral("ChgKey_%1").arg(index));
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
+}
+
+void KeyCell::ShowState(int state) {
+    if (!HasPicture(state) || state == m_shownState)
+        return;
+    m_shownState = state;
+    update();
+}
+
+void KeyCell::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (hasFocus() || (underMouse() && isEnabled())) {
+        QColor glow = palette().color(QPalette::Highlight);
+        glow.setAlphaF(hasFocus() ? 0.45F : 0.22F);
+        painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 1) : Qt::NoPen);
+        painter.setBrush(glow);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    }
+    PaintKey(painter, QRectF(rect()).adjusted(1, 0.5, -1, -0.5), LookOfState(m_shownState));
+}
+
+void KeyCell::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else if (event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down)
+        event->ignore(); // The grid knows the neighbours.
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+} // namespace quorrel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "page/PageView.h"
+
+#include <array>
+#include <optional>
+
+namespace quorrel {
+
+/// The lines of the level panel, from the top.
+enum class Level { Grand, System, Group, Base, Page, Block, Area, Line, Column };
+inline constexpr int kLevels = 9;
+
+/// What one line of the level panel shows.
+struct LevelLine {
+    QString id;
+    QString description;
+};
+
+/// The selected key as the main form shows it.
+struct KeySelection {
+    int cell = 0;
+    QString keyID, keyway, department, description;
+    QString serial;
+    QString dateText;
+    QString cuts; ///< asterisks for a user who may not read cuts
+    std::array<LevelLine, kLevels> levels;
+    std::optional<Level> highlight;      ///< the level that the selected key is itself
+    std::array<int, kAllCells> states{}; ///< final state of every cell
+    bool notRecommended = false;         ///< a key without label that exceeds the safety factor
+};
+
+/// Works out what selecting a cell shows. Pure arithmetic on the page in memory.
+KeySelection SelectKey(const PageView& page, int cell, bool mayReadCuts);
+
+/// What a person who cannot see the cell is told: kind, key and state, never cuts.
+QString DescribeCell(const PageView& page, int cell, int state);
+
+} // namespace quorrel

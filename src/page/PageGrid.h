@@ -1,0 +1,45 @@
+#pragma once
+
+#include "engine/PageGeometry.h"
+#include "page/CellLayout.h"
+
+#include <QWidget>
+
+#include <array>
+
+namespace quorrel {
+
+class KeyCell;
+
+/// The 109 cells of the page view. Arrow keys move between them; Enter or Space clicks.
+class PageGrid : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PageGrid(QWidget* parent = nullptr);
+
+    KeyCell& Cell(int index) { return *m_cells.at(static_cast<std::size_t>(index)); }
+
+    /// Places the cells by the figures of a layout, in proportion to the room there is.
+    void SetLayout(PageLayout layout);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+signals:
+    void CellClicked(int index);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    void PlaceCells();
+    KeyCell* Neighbour(const KeyCell& from, int key) const;
+
+    std::array<KeyCell*, kAllCells> m_cells{};
+    PageLayout m_layout = PageLayout::Compact;
+};
+
+} // namespace quorrel

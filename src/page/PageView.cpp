@@ -1,0 +1,164 @@
+#include "page/PageView.h"
+
+#include "engine/CellStates.h"
+#include "engine/SystemDefinition.h"
+#include "platform/Recordset.h"
+#include "platform/Text.h"
+#include "store/DoorTables.h"
+#include "store/Scramble.h"
+
+namespace quorrel {
+
+namespace {
+
+std::string PlainCuts(const PatternsRow& row) {
+    return Unscrambled(row.Cuts).toStdString();
+}
+
+Query OfSystem(int systemNumber) {
+    return Query().Where("SystemNumber", systemNumber);
+}
+
+} // namespace
+
+bool PageCell::IsBlank() const {
+    return tag == kEmptyCellTag;
+}
+
+PageView::PageView(Session& session) : m_session(session) {
+    ClearPageCells();
+}
+
+void PageView::LoadSystem() {
+    ClearPageCells();
+    m_system = {};
+    Database& keys = m_session.Keys();
+    const int number = m_session.ActiveSystemNumber;
+    const auto row = Recordset<KeySystemRow>(keys, Query().Where("SystemID", number)).First();
+    if (row) {
+        m_system.name = row->SystemName;
+        m_system.address = row->Address;
+        m_system.lockBrand = row->LockBrand;
+        m_system.notes = row->Notes;
+        m_system.safetyFactor = row->SafetyFactor;
+        m_system.pinCount = row->NumberOfPins;
+        m_system.increment = row->PinIncrement;
+        m_system.masterKeyCuts = Unscrambled(row->MasterKey).toStdString();
+    }
+    const auto last =
+        Recordset<PatternsRow>(keys, OfSystem(number)
+                                         .WhereAtLeast("Position", kFirstSpecialPosition)
+                                         .OrderBy("Position", true))
+            .First();
+    if (last) {
+        m_system.isAngled = last->Position == kAnglePosition;
+        m_system.isIC = last->Position == kControlPosition;
+        if (m_system.isAngled || m_system.isIC)
+            m_system.specialCuts =
+                PlainCuts(*last).substr(0, static_cast<std::size_t>(m_system.pinCount));
+    }
+    m_system.maxPage =
+        static_cast<int>(Recordset<PatternsRow>(keys, OfSystem(number)).Largest("PageNumber"));
+}
+
+void PageView::ClearPageCells() {
+    PageCell empty;
+    empty.tag = kEmptyCellTag;
+    m_cells.fill(empty);
+}
+
+std::array<std::string, 5> PageView::ReadLevelTexts() const {
+    const auto first =
+        Recordset<PatternsRow>(m_session.Keys(), OfSystem(m_session.ActiveSystemNumber)
+                                                     .Where("PageNumber", m_session.CurrentPage)
+                                                     .Where("Position", 0)
+                                                     .OrderBy("Serial"))
+            .First();
+    return first ? LevelTexts(m_system.pinCount, PlainCuts(*first), m_system.masterKeyCuts)
+                 : std::array<std::string, 5>{};
+}
+
+void PageView::FillCell(int index, const PatternsRow& row, const std::string& cuts) {
+    PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
+    const std::string tag = cuts.substr(0, static_cast<std::size_t>(m_system.pinCount) + 1);
+    const QString label = RightTrimmed(row.Label);
+    const QString description = RightTrimmed(row.Description);
+    cell.keyLabel = label;
+    cell.keyway = Padded(row.KeyWay, 8);
+    cell.description = description.left(250);
+    cell.department = row.Department.left(34);
+    cell.serial = row.Serial;
+    cell.isMaster = row.Master;
+    cell.date.clear();
+    cell.tag = tag;
+    cell.toolTip = m_session.SessionPermissions.ReadPrintPinning
+                       ? label + u' ' + QString::fromStdString(tag) + u' ' + description
+                       : label + u' ' + description;
+}
+
+void PageView::LoadDates() {
+    Recordset<AllKeysRow>(
+        m_session.Keys(),
+        OfSystem(m_session.ActiveSystemNumber).Where("PageNumber", m_session.CurrentPage))
+        .Walk([&](const AllKeysRow& row) {
+            if (row.Position >= 0 && row.Position < kAllCells)
+                m_cells[static_cast<std::size_t>(row.Position)].date = row.CustomCuts;
+            return true;
+        });
+}
+
+void PageView::LoadPageView() {
+    LoadingPage = true;
+    const auto levels = ReadLevelTexts();
+    if (m_session.CurrentPage == 0)
+        m_session.CurrentPage = 1;
+    const auto pins = static_cast<std::size_t>(m_system.pinCount);
+    const auto fillLevel = [&](const PatternsRow& row, const std::string& cuts) {
+        for (std::size_t level = 0; level < levels.size(); ++level) {
+            if (levels[level].empty() || cuts.compare(0, pins, levels[level]) != 0)
+                continue;
+            FillCell(kFirstLevelCell + static_cast<int>(level), row, cuts);
+            return;
+        }
+    };
+    // A level key counts whatever its page. Its cuts are looked up under both marks.
+    QStringList levelCuts;
+    for (const std::string& level : levels)
+        if (!level.empty())
+            for (const char mark : {' ', '*'})
+                levelCuts.append(Scrambled(QString::fromStdString(level + mark)));
+    Database& keys = m_session.Keys();
+    const int number = m_session.ActiveSystemNumber;
+    if (!levelCuts.isEmpty())
+        Recordset<PatternsRow>(keys, OfSystem(number)
+                                         .WhereAny("Cuts", levelCuts)
+                                         .WhereBelow("Position", kFirstSpecialPosition)
+                                         .OrderBy("Serial"))
+            .Walk([&](const PatternsRow& row) {
+                fillLevel(row, PlainCuts(row));
+                return true;
+            });
+    Recordset<PatternsRow>(keys, OfSystem(number)
+                                     .Where("PageNumber", m_session.CurrentPage)
+                                     .WhereBelow("Position", kFirstSpecialPosition)
+                                     .OrderBy("Serial"))
+        .Walk([&](const PatternsRow& row) {
+            if (row.Position < kAllCells)
+                FillCell(row.Position, row, PlainCuts(row));
+            return true;
+        });
+    LoadDates();
+}
+
+QStringList PageView::ListDepartments() const {
+    QStringList names;
+    Recordset<DepartmentRow>(m_session.Keys(), OfSystem(m_session.ActiveSystemNumber))
+        .Walk([&](const DepartmentRow& row) {
+            if (!IsNoValue(row.Department))
+                names.append(row.Department);
+            return true;
+        });
+    return names;
+}
+
+} // namespace quorrel

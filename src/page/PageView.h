@@ -1,0 +1,78 @@
+#pragma once
+
+#include "engine/PageGeometry.h"
+#include "store/Session.h"
+#include "store/SystemTables.h"
+
+#include <QStringList>
+
+#include <array>
+#include <string>
+
+namespace quorrel {
+
+/// One cell of the page in memory.
+struct PageCell {
+    QString keyLabel;    ///< right-trimmed when read; a blank first character: no label
+    QString keyway;      ///< up to 8 characters
+    QString description; ///< up to 250 characters
+    QString department;  ///< up to 34 characters
+    QString date;        ///< the day the label was made
+    double serial = 0;
+    bool isMaster = false;
+    std::string tag; ///< the cuts and the mark; `kEmptyCellTag` for an empty cell
+    QString toolTip;
+
+    bool HasLabel() const { return !keyLabel.isEmpty() && keyLabel[0] != u' '; }
+    bool IsBlank() const;
+};
+
+/// The open key system as the page view shows it.
+struct OpenSystem {
+    QString name, address, lockBrand, notes;
+    int safetyFactor = 0;
+    int pinCount = 0;
+    int increment = 0;
+    std::string masterKeyCuts; ///< N digits
+    std::string specialCuts;   ///< the angles or the control key, N digits
+    bool isAngled = false;
+    bool isIC = false;
+    int maxPage = 0;
+};
+
+/// The page model behind the main form: the open system and one page of its keys.
+class PageView {
+public:
+    explicit PageView(Session& session);
+
+    /// Reads the open system's definition, its type and its number of pages, and clears all cells.
+    /// Does nothing to a part of which the file has no row.
+    void LoadSystem();
+
+    /// Sets every cell to the empty one.
+    void ClearPageCells();
+
+    /// Reads the keys of the session's `CurrentPage` into the cells; page 0 is raised to 1 after.
+    /// A cell for which the page has no row keeps what it held.
+    void LoadPageView();
+
+    /// The departments of the system, in table order.
+    QStringList ListDepartments() const;
+
+    const OpenSystem& System() const { return m_system; }
+    const PageCell& Cell(int index) const { return m_cells.at(static_cast<std::size_t>(index)); }
+
+    /// Set by `LoadPageView`; the next click on a cell clears it and gives no warning.
+    bool LoadingPage = false;
+
+private:
+    std::array<std::string, 5> ReadLevelTexts() const;
+    void FillCell(int index, const PatternsRow& row, const std::string& cuts);
+    void LoadDates();
+
+    Session& m_session;
+    OpenSystem m_system;
+    std::array<PageCell, kAllCells> m_cells;
+};
+
+} // namespace quorrel

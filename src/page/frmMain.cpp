@@ -1,0 +1,360 @@
+#include "page/frmMain.h"
+
+#include "access/CompanyInfo.h"
+#include "engine/CellStates.h"
+#include "page/KeyCell.h"
+#include "platform/Files.h"
+#include "platform/Recordset.h"
+#include "platform/Text.h"
+#include "store/DoorTables.h"
+#include "ui_frmMain.h"
+#include "widgets/HelpContexts.h"
+#include "widgets/KeyPainter.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QShortcut>
+#include <QSignalBlocker>
+
+namespace quorrel {
+
+frmMain::frmMain(Session& session)
+    : FormOver(session), ui(std::make_unique<Ui::frmMain>()), m_page(session) {
+    ui->setupUi(this);
+    setProperty(kHelpContext, help::kMainPage);
+    // Key records are shown, not edited yet.
+    ui->txtKeyID->setReadOnly(true);
+    ui->txtKeyway->setReadOnly(true);
+    ui->txtDescription->setReadOnly(true);
+    ui->cmbDepartment->lineEdit()->setReadOnly(true);
+    ui->cmdPinning->setEnabled(false);
+    ui->cmdPrintPage->setEnabled(false);
+    BuildLegend();
+    WatchMenu();
+    On(ui->grdPage, &PageGrid::CellClicked, [this](int cell) { ClickCell(cell); });
+    On(ui->scrlPage, &QScrollBar::valueChanged, [this](int page) { TurnPage(page); });
+    On(ui->scrlPage, &QScrollBar::sliderMoved, [this](int page) {
+        m_session.IdleTickCounter = 0;
+        m_session.CurrentPage = page;
+        ShowPageNumber();
+    });
+    // While the slider is dragged only the number moves; the page is read when it is let go.
+    ui->scrlPage->setTracking(false);
+    On(ui->Picture1_0, &QToolButton::clicked, [this] { ClickPicture1(); });
+    On(ui->Picture1_1, &QToolButton::clicked, [this] { ClickPicture1(); });
+    On(ui->cmdLegend, &QPushButton::clicked,
+       [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
+    On(ui->cmdHelp, &QPushButton::clicked, [this] { emit HelpWanted(help::kMainPage); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] {
+        hide();
+        emit ExitWanted();
+    });
+    AddShortcuts();
+    Guarded([this] { LoadForm(); });
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::WatchMenu() {
+    On(ui->mnuFileNew, &QAction::triggered, [this] {
+        LeaveSystem();
+        emit NewSystemWanted();
+        close();
+    });
+    On(ui->mnuFileOpen, &QAction::triggered, [this] {
+        LeaveSystem();
+        emit OpenSystemWanted();
+        close();
+    });
+    On(ui->mnuFileExit, &QAction::triggered, [this] {
+        hide();
+        emit ExitWanted();
+    });
+    On(ui->mnuCompanyInfo, &QAction::triggered, [this] {
+        m_session.CompanyInfoEmpty = false;
+        hide();
+        emit CompanyWanted();
+    });
+    On(ui->mnuHelpContents, &QAction::triggered, [this] { emit HelpWanted(help::kContents); });
+    On(ui->mnuHelpIndex, &QAction::triggered, [this] { emit HelpIndexWanted(); });
+    On(ui->mnuHelpAbout, &QAction::triggered, [this] {
+        hide();
+        emit AboutWanted();
+    });
+}
+
+void frmMain::AddShortcuts() {
+    const auto on = [this](const QKeySequence& keys, auto action) {
+        On(new QShortcut(keys, this), &QShortcut::activated, action);
+    };
+    on(Qt::Key_PageUp, [this] { ui->scrlPage->triggerAction(QScrollBar::SliderSingleStepSub); });
+    on(Qt::Key_PageDown, [this] { ui->scrlPage->triggerAction(QScrollBar::SliderSingleStepAdd); });
+    on(Qt::Key_F6, [this] {
+        if (ui->grdPage->isAncestorOf(focusWidget()))
+            ui->txtKeyID->setFocus();
+        else
+            ui->grdPage->setFocus();
+    });
+}
+
+void frmMain::LeaveSystem() {
+    hide();
+    m_leavingSystem = true;
+}
+
+bool frmMain::Unloading() {
+    if (!m_leavingSystem)
+        emit ExitWanted();
+    return true;
+}
+
+void frmMain::LoadForm() {
+    const BusyPointer busy;
+    ApplyPermissions();
+    m_page.LoadSystem();
+    ShowSystem();
+    if (!m_session.MapDatabase)
+        m_session.boxes.Message(tr("No Map Files are available"), tr("File Access Error"));
+    LoadDepartmentList();
+    ShowSpecialCuts();
+    const int pages = m_page.System().maxPage;
+    ui->lblMaxPage->setText(QString::number(pages));
+    {
+        // The page is read below, once.
+        const QSignalBlocker blocker(ui->scrlPage);
+        ui->scrlPage->setRange(1, std::max(1, pages));
+    }
+    m_page.LoadPageView();
+    ApplyLevelCaptions();
+}
+
+void frmMain::ApplyPermissions() {
+    const Permissions& may = m_session.SessionPermissions;
+    ui->mnuUsers->menuAction()->setEnabled(may.AddEditProgramUsers);
+    ui->mnuFileNew->setEnabled(may.CreateSystem);
+    ui->mnuCompanyInfo->setEnabled(may.CreateSystem);
+}
+
+void frmMain::ShowSystem() {
+    const OpenSystem& system = m_page.System();
+    if (system.pinCount == 0)
+        return;
+    ui->lblSystem->setText(system.name);
+    ui->lblAddress->setText(system.address);
+    ui->lblBrand->setText(system.lockBrand);
+    ui->lblSafety->setText(QString::number(system.safetyFactor));
+    ui->lblNumofPins->setText(QString::number(system.pinCount));
+    ui->lblIncrement->setText(QString::number(system.increment));
+    ui->lblNotes->setText(system.notes);
+}
+
+void frmMain::ShowSpecialCuts() {
+    const OpenSystem& system = m_page.System();
+    const bool mayRead = m_session.SessionPermissions.ReadPrintPinning;
+    const QString cuts = mayRead ? QString::fromStdString(system.specialCuts) : QString();
+    ui->lblAngle->setText(system.isAngled ? cuts : QString());
+    ui->lblControlKey->setText(system.isIC ? cuts : QString());
+    for (QLabel* label : {ui->lblAngleLabel, ui->lblAngle})
+        label->setVisible(system.isAngled && mayRead);
+    for (QLabel* label : {ui->lblControlKeyLabel, ui->lblControlKey})
+        label->setVisible(system.isIC && mayRead);
+}
+
+void frmMain::Activated() {
+    const BusyPointer busy;
+    m_cellIconSize = 0;
+    LoadLogo();
+    ui->lblSysid->setText(QString::number(m_session.ActiveSystemNumber));
+    SelectCell(m_selectedCell, false);
+    ShowPageNumber();
+    if (m_session.CurrentPage > 0)
+        ui->scrlPage->setValue(m_session.CurrentPage);
+    LoadDepartmentList();
+    SetCompactLayout();
+    ClickPicture1();
+}
+
+void frmMain::LoadLogo() {
+    QPixmap logo;
+    const QString& path = m_session.Company.CompanyLogo;
+    if (IsLogo(path))
+        logo.load(FindIgnoringCase(path));
+    const QSize room = ui->picQV->maximumSize();
+    if (!logo.isNull())
+        logo =
+            logo.scaled(room.boundedTo(logo.size()), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    ui->picQV->setPixmap(logo);
+    ui->picQV->setVisible(!logo.isNull());
+}
+
+void frmMain::LoadDepartmentList() {
+    const QString text = ui->cmbDepartment->currentText();
+    ui->cmbDepartment->clear();
+    ui->cmbDepartment->addItems(m_page.ListDepartments());
+    ui->cmbDepartment->setCurrentText(text.toUpper());
+}
+
+void frmMain::ApplyLevelCaptions() {
+    const auto levels = Levels();
+    const auto show = [&](Level level, bool shown) {
+        const LevelLabels& line = levels[static_cast<std::size_t>(level)];
+        for (QLabel* label : {line.caption, line.id, line.description})
+            label->setVisible(shown);
+    };
+    const int pins = m_page.System().pinCount;
+    if (pins < 5 || pins > 7)
+        return;
+    show(Level::Grand, pins == 7);
+    show(Level::System, pins >= 6);
+    show(Level::Group, true);
+    if (pins == 5)
+        ui->lblGroupMaster->setText(tr("Grand Master"));
+    if (pins == 6)
+        ui->lblSystemMaster->setText(tr("Grand Master"));
+}
+
+std::array<frmMain::LevelLabels, kLevels> frmMain::Levels() const {
+    return {{{ui->lblGrandMaster, ui->lblGrandMasterID, ui->lblGrandMasterDesc},
+             {ui->lblSystemMaster, ui->lblSystemMasterID, ui->lblSystemMasterDesc},
+             {ui->lblGroupMaster, ui->lblGroupMasterID, ui->lblGroupMasterDesc},
+             {ui->lblBaseMaster, ui->lblBaseMasterID, ui->lblBaseMasterDesc},
+             {ui->lblPageMaster, ui->lblPageMasterID, ui->lblPageMasterDesc},
+             {ui->lblBlockMaster, ui->lblBlockMasterID, ui->lblBlockMasterDesc},
+             {ui->lblAreaMaster, ui->lblAreaMasterID, ui->lblAreaMasterDesc},
+             {ui->lblLineMaster, ui->lblLineMasterID, ui->lblLineMasterDesc},
+             {ui->lblColumnMaster, ui->lblColumnMasterID, ui->lblColumnMasterDesc}}};
+}
+
+void frmMain::BuildLegend() {
+    static constexpr const char* texts[5][2] = {
+        {"Unselected Key  No ID", "Unselected Key with ID"},
+        {"Selected Key  No ID", "Selected Key with ID"},
+        {"Active Sub Key  No ID", "Active Sub Key with ID "},
+        {"Active Pre-Master  No ID", "Active Pre-Master with ID"},
+        {"Active Sub-Master  No ID", "Active Sub-Master with ID"}};
+    auto* grid = new QGridLayout(ui->frmLegend);
+    grid->setVerticalSpacing(3);
+    const auto add = [&](int row, int column, const KeyLook& look, const char* text) {
+        auto* picture = new QLabel;
+        const double ratio = devicePixelRatioF();
+        QPixmap pixmap(QSize(32, 16) * ratio);
+        pixmap.setDevicePixelRatio(ratio);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        PaintKey(painter, QRectF(1, 0, 30, 16), look);
+        picture->setPixmap(pixmap);
+        grid->addWidget(picture, row, column);
+        grid->addWidget(new QLabel(tr(text)), row, column + 1);
+    };
+    for (int state = 0; state < 5; ++state)
+        for (int labelled = 0; labelled < 2; ++labelled)
+            add(state, 2 * labelled, LookOfState(state + labelled * cellstate::kLabelled),
+                texts[state][labelled]);
+    add(5, 0, LookOfState(cellstate::kNotRecommended), "Blue Line-Not Recomended");
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+}
+
+/// Leaves the icon size of the other layout; the click on `Picture1` sets the final one.
+void frmMain::SetCompactLayout() {
+    ui->grdPage->SetLayout(PageLayout::Compact);
+    m_cellIconSize = 1;
+}
+
+void frmMain::SetLargeLayout() {
+    ui->grdPage->SetLayout(PageLayout::Large);
+    m_cellIconSize = 0;
+}
+
+void frmMain::ClickPicture1() {
+    const int wanted = m_cellIconSize == 1 ? 0 : 1;
+    if (wanted == 0)
+        SetCompactLayout();
+    else
+        SetLargeLayout();
+    m_cellIconSize = wanted;
+    ui->Picture1_0->setVisible(wanted == 0);
+    ui->Picture1_1->setVisible(wanted == 1);
+    SelectCell(m_selectedCell, false);
+}
+
+void frmMain::ShowPageNumber() {
+    ui->lblCurrentPage->setText(QString::number(m_session.CurrentPage));
+}
+
+void frmMain::TurnPage(int page) {
+    m_session.IdleTickCounter = 0;
+    const BusyPointer busy;
+    m_session.CurrentPage = page;
+    ShowPageNumber();
+    m_page.LoadPageView();
+    // Whoever turns pages at the bar goes on turning.
+    const bool atBar = ui->scrlPage->hasFocus();
+    ClickCell(m_selectedCell);
+    if (atBar)
+        ui->scrlPage->setFocus();
+}
+
+void frmMain::ClickCell(int cell) {
+    const bool justLoaded = std::exchange(m_page.LoadingPage, false);
+    SelectCell(cell, !justLoaded);
+}
+
+void frmMain::SelectCell(int cell, bool warn) {
+    const BusyPointer busy;
+    m_page.LoadingPage = false;
+    m_selectedCell = cell;
+    const KeySelection selection =
+        SelectKey(m_page, cell, m_session.SessionPermissions.ReadPrintPinning);
+    ShowRecord(selection);
+    ShowLevels(selection);
+    PaintCells(selection);
+    ui->txtKeyID->setFocus();
+    if (!warn)
+        return;
+    if (selection.notRecommended)
+        m_session.boxes.Message(tr("This Pattern is Not Recomended for use due to Safety Factor "
+                                   "Limitation!"),
+                                m_session.ProgramTitle);
+    ui->txtKeyway->setSelection(0, 12);
+}
+
+void frmMain::ShowRecord(const KeySelection& selection) {
+    ui->txtDescription->setPlainText(selection.description);
+    ui->cmbDepartment->setCurrentText(RightTrimmed(selection.department));
+    ui->txtKeyID->setText(selection.keyID);
+    ui->txtKeyway->setText(RightTrimmed(selection.keyway));
+    ui->lblSerial->setText(selection.serial);
+    ui->lblDate->setText(selection.dateText);
+    ui->lblCuts->setText(selection.cuts);
+}
+
+void frmMain::ShowLevels(const KeySelection& selection) {
+    const auto levels = Levels();
+    for (std::size_t level = 0; level < levels.size(); ++level) {
+        levels[level].id->setText(selection.levels[level].id);
+        levels[level].description->setText(selection.levels[level].description);
+        const bool highlight =
+            selection.highlight && static_cast<std::size_t>(*selection.highlight) == level;
+        QFont font = ui->Label37->font();
+        font.setBold(highlight);
+        QPalette palette = ui->Label37->palette();
+        if (highlight)
+            palette.setColor(QPalette::WindowText, QColor(255, 0, 0));
+        levels[level].caption->setFont(font);
+        levels[level].caption->setPalette(palette);
+    }
+}
+
+void frmMain::PaintCells(const KeySelection& selection) {
+    for (int index = 0; index < kAllCells; ++index) {
+        KeyCell& cell = ui->grdPage->Cell(index);
+        const PageCell& content = m_page.Cell(index);
+        cell.ShowState(selection.states[static_cast<std::size_t>(index)]);
+        cell.setEnabled(!content.IsBlank());
+        cell.setToolTip(content.toolTip.toHtmlEscaped());
+        cell.setAccessibleName(DescribeCell(m_page, index, cell.ShownState()));
+    }
+}
+
+} // namespace quorrel

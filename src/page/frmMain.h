@@ -1,0 +1,77 @@
+#pragma once
+
+#include "page/KeySelection.h"
+#include "page/PageView.h"
+#include "widgets/Form.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QLabel;
+
+namespace Ui {
+class frmMain;
+}
+
+namespace quorrel {
+
+/// The workspace of an open key system and the hub of all other forms.
+class frmMain : public FormOver<QMainWindow> {
+    Q_OBJECT
+
+public:
+    explicit frmMain(Session& session);
+    ~frmMain() override;
+
+    /// Brings up a cell of the page, as a click on it does.
+    void ClickCell(int cell);
+
+protected:
+    void Activated() override;
+    bool Unloading() override;
+
+signals:
+    void NewSystemWanted();
+    void OpenSystemWanted();
+    void CompanyWanted();
+    void AboutWanted();
+    void ExitWanted();
+    void HelpWanted(int context);
+    void HelpIndexWanted();
+
+private:
+    struct LevelLabels {
+        QLabel *caption, *id, *description;
+    };
+
+    void LoadForm();
+    void ApplyPermissions();
+    void ShowSystem();
+    void ShowSpecialCuts();
+    void ApplyLevelCaptions();
+    void BuildLegend();
+    void WatchMenu();
+    void AddShortcuts();
+    void LoadDepartmentList();
+    void LoadLogo();
+    void SetCompactLayout();
+    void SetLargeLayout();
+    void ClickPicture1();
+    void TurnPage(int page);
+    void ShowPageNumber();
+    void SelectCell(int cell, bool warn);
+    void ShowRecord(const KeySelection& selection);
+    void ShowLevels(const KeySelection& selection);
+    void PaintCells(const KeySelection& selection);
+    std::array<LevelLabels, kLevels> Levels() const;
+    void LeaveSystem();
+
+    std::unique_ptr<Ui::frmMain> ui;
+    PageView m_page;
+    int m_selectedCell = 0;
+    int m_cellIconSize = 0; ///< 0 compact, 1 large
+    bool m_leavingSystem = false;
+};
+
+} // namespace quorrel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+namespace quorrel {
+
+enum class BoxButtons { Ok, OkCancel, YesNo };
+enum class BoxIcon { None, Information, Question, Warning };
+enum class BoxAnswer { Ok, Cancel, Yes, No };
+
+/// The boxes that ask or tell the user something. Handed in, so that a test can answer.
+class Boxes {
+public:
+    virtual ~Boxes() = default;
+
+    /// Shows a message and waits for the answer. Closing the box answers No or Cancel.
+    virtual BoxAnswer Message(const QString& text, const QString& title,
+                              BoxButtons buttons = BoxButtons::Ok,
+                              BoxIcon icon = BoxIcon::None) = 0;
+
+    /// Lets the user choose an existing file. `filter` holds pairs "Name|*.ext;*.ext" joined by
+    /// "|". Gives an empty text when nothing was chosen.
+    virtual QString OpenFile(const QString& title, const QString& filter) = 0;
+
+    bool Confirms(const QString& text, const QString& title) {
+        return Message(text, title, BoxButtons::YesNo, BoxIcon::Question) == BoxAnswer::Yes;
+    }
+};
+
+} // namespace quorrel

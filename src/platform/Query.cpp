@@ -1,0 +1,38 @@
+#include "platform/Query.h"
+
+namespace quorrel {
+
+std::string Query::Bind(Value value) {
+    m_values.push_back(std::move(value));
+    return ":v" + std::to_string(m_values.size());
+}
+
+Query& Query::Test(const char* column, const char* comparison, Value value) {
+    m_where += m_where.empty() ? " WHERE " : " AND ";
+    m_where += Quoted(column) + comparison + Bind(std::move(value));
+    return *this;
+}
+
+Query& Query::WhereAny(const char* column, const QStringList& values) {
+    m_where += m_where.empty() ? " WHERE " : " AND ";
+    m_where += Quoted(column) + " IN (";
+    for (qsizetype i = 0; i < values.size(); ++i)
+        m_where += (i > 0 ? ", " : "") + Bind(values[i]);
+    m_where += ")";
+    return *this;
+}
+
+Query& Query::OrderBy(const char* column, bool descending) {
+    m_order += Quoted(column) + (descending ? " DESC, " : ", ");
+    return *this;
+}
+
+std::string Query::Selection() const {
+    return m_where;
+}
+
+std::string Query::Order() const {
+    return " ORDER BY " + m_order + Quoted("RowKey");
+}
+
+} // namespace quorrel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Table.h"
+
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+namespace quorrel {
+
+/// What a recordset selects from its table, and in which order. Values are bound, never pasted
+/// into the statement. Rows that compare equal come in table order.
+class Query {
+public:
+    Query& Where(const char* column, qint64 value) { return Test(column, " = ", value); }
+    Query& Where(const char* column, const QString& value) { return Test(column, " = ", value); }
+    Query& WhereBelow(const char* column, qint64 value) { return Test(column, " < ", value); }
+    Query& WhereAtLeast(const char* column, qint64 value) { return Test(column, " >= ", value); }
+    Query& WhereAny(const char* column, const QStringList& values);
+    Query& OrderBy(const char* column, bool descending = false);
+
+    /// The WHERE clause, empty when everything is selected.
+    std::string Selection() const;
+    /// The ORDER BY clause.
+    std::string Order() const;
+    const std::vector<Value>& Values() const { return m_values; }
+
+    static std::string Quoted(const char* name) { return '"' + std::string(name) + '"'; }
+
+private:
+    Query& Test(const char* column, const char* comparison, Value value);
+    std::string Bind(Value value);
+
+    std::string m_where;
+    std::string m_order;
+    std::vector<Value> m_values;
+};
+
+} // namespace quorrel

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+
+namespace quorrel {
+
+/// Text operations with 1-based places, as the stored formats are told in them.
+QString Left(const QString& text, int count);
+QString Right(const QString& text, int count);
+QString Mid(const QString& text, int place, int count = -1);
+
+/// The number that leads a text, blanks passed over; 0 when there is none.
+double Val(const QString& text);
+
+/// `Val` rounded down to a whole number, held within the range of an int.
+int IntVal(const QString& text);
+
+/// Text cut or filled with blanks on the right to exactly `width` characters.
+QString Padded(const QString& text, int width);
+
+/// Text without its right-hand blanks.
+QString RightTrimmed(const QString& text);
+
+/// A stored value that begins with two blanks, or is empty, counts as no value.
+bool IsNoValue(const QString& text);
+
+} // namespace quorrel

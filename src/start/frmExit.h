@@ -1,0 +1,35 @@
+#pragma once
+
+#include "widgets/Form.h"
+
+#include <memory>
+
+namespace Ui {
+class frmExit;
+}
+
+namespace quorrel {
+
+/// Asks before the program ends.
+class frmExit : public Form {
+    Q_OBJECT
+
+public:
+    explicit frmExit(Session& session);
+    ~frmExit() override;
+
+signals:
+    void Ended();
+    void Cancelled();
+
+protected:
+    bool Unloading() override;
+
+private:
+    void End();
+
+    std::unique_ptr<Ui::frmExit> ui;
+    bool m_ending = false;
+};
+
+} // namespace quorrel

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/Database.h"
+#include "store/ProgramTables.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace quorrel {
+
+/// The rights of the logged-on program user.
+struct Permissions {
+    bool CreateSystem = false;
+    bool ReadPrintPinning = false;
+    bool IssueKeys = false;
+    bool AddEditProgramUsers = false;
+    bool AddEditKeyUsers = false;
+    bool AlterKeyInformation = false;
+    bool RunReports = false;
+};
+
+/// What the whole run shares. One for the program, handed by reference to all that need it.
+struct Session {
+    Session(const QString& programFolder, Boxes& useBoxes, Clock useClock, Random useRandom)
+        : ProgramFolder(programFolder), boxes(useBoxes), clock(std::move(useClock)),
+          random(std::move(useRandom)) {}
+
+    // The world outside.
+    QString ProgramFolder;
+    Boxes& boxes;
+    Clock clock;
+    Random random;
+    int BusyTimeout = Database::kBusyTimeout; ///< milliseconds
+
+    // Databases, open from start to end; the maps while a system is open.
+    std::unique_ptr<Database> SysinfoDatabase;
+    std::unique_ptr<Database> KeySystemDatabase;
+    std::unique_ptr<Database> MapDatabase;
+    std::unique_ptr<Database> PersonnelDatabase;
+    QString KeySystemPath;    ///< full path of the key system file
+    QString MapDatabasePath;  ///< folder or path of the map file
+    SystemInfoRow SystemInfo; ///< row 1: the personnel file and its field names, the flags
+    bool PersonnelAvailable = false;
+
+    // The company, as the reports print it.
+    QString ProgramTitle; ///< title of every box
+    CompanyInfoRow Company;
+    bool CompanyInfoEmpty = false; ///< no company was recorded when the program started
+    bool FirstRun = false;
+
+    // The program user.
+    QString LoggedUser;
+    Permissions SessionPermissions;
+    bool AutoLogoffActive = false;
+    int IdleTickCounter = 0;
+
+    // The open key system.
+    int ActiveSystemNumber = 0;
+    int MapFilingNumber = 0; ///< the number that its maps are filed under
+    int CurrentPage = 0;
+
+    /// The database of key systems. Throws `DatabaseError` when it is not open.
+    Database& Keys() {
+        if (!KeySystemDatabase)
+            throw DatabaseError(DatabaseError::Kind::Missing, KeySystemPath);
+        return *KeySystemDatabase;
+    }
+};
+
+} // namespace quorrel

@@ -1,0 +1,139 @@
+#include "systems/NewSystem.h"
+
+#include "engine/Patterns.h"
+#include "engine/Preview.h"
+#include "platform/Recordset.h"
+#include "store/DoorTables.h"
+#include "store/Scramble.h"
+#include "systems/KeySystems.h"
+
+#include <algorithm>
+
+namespace quorrel {
+
+namespace {
+
+QString NameTaken(const QString& name) {
+    return QStringLiteral("Name of Key System: there is a key system \"%1\" already. Choose "
+                          "another name.")
+        .arg(name);
+}
+
+bool IsTaken(Session& session, const QString& name) {
+    const auto systems = ListKeySystems(session);
+    return std::any_of(systems.begin(), systems.end(), [&](const KeySystemRow& system) {
+        return system.SystemName.trimmed().compare(name.trimmed(), Qt::CaseInsensitive) == 0;
+    });
+}
+
+bool IsCutsText(const QString& text, int pins) {
+    return IsDigits(text.toStdString(), pins);
+}
+
+QString DigitsWanted(const char* field, int pins, const QString& text) {
+    return QStringLiteral("%1: %2 digits are needed, one for each pin, and \"%3\" is not that.")
+        .arg(QLatin1String(field))
+        .arg(pins)
+        .arg(text);
+}
+
+std::optional<Refusal> CheckSpecial(const NewSystem& system) {
+    if (system.type == SystemType::Standard || IsCutsText(system.special, system.definition.pins))
+        return std::nullopt;
+    const bool angled = system.type == SystemType::AngledCut;
+    return Refusal{angled ? Refusal::Field::Angle : Refusal::Field::Control,
+                   DigitsWanted(angled ? "Angle Values" : "Control Key", system.definition.pins,
+                                system.special)};
+}
+
+std::optional<Refusal> CheckPages(const SystemDefinition& definition) {
+    try {
+        if (CountUsableKeys(definition).Total() > 0)
+            return std::nullopt;
+    } catch (const PageLimitError& error) {
+        return Refusal{Refusal::Field::Master,
+                       QStringLiteral("Master Key: ") + QString::fromUtf8(error.what())};
+    }
+    return Refusal{Refusal::Field::MinimumPin,
+                   QStringLiteral("Pin Sizes: these values give no usable change key. Widen the "
+                                  "range of pin sizes or take a smaller increment.")};
+}
+
+/// A number that no system has, and none that is gone but has left maps behind.
+int FreeSystemID(Session& session) {
+    qint64 highest = Recordset<KeySystemRow>(session.Keys()).Largest("SystemID");
+    if (const auto maps = OpenMaps(session, {})) {
+        try {
+            highest = std::max(highest, Recordset<MapRow>(*maps).Largest("SystemNumber"));
+        } catch (const DatabaseError&) {
+            // Maps that cannot be read now do not hinder a new system.
+        }
+    }
+    return static_cast<int>(highest) + 1;
+}
+
+KeySystemRow AddSystemRow(Session& session, const NewSystem& system) {
+    KeySystemRow row;
+    row.SystemID = FreeSystemID(session);
+    row.SystemName = system.name.trimmed();
+    row.Address = system.address;
+    row.LockBrand = system.lockBrand;
+    row.SafetyFactor = system.definition.safetyFactor;
+    row.NumberOfPins = system.definition.pins;
+    row.PinIncrement = system.definition.increment;
+    row.Notes = system.notes;
+    row.MasterKey = Scrambled(QString::fromStdString(system.definition.master));
+    Recordset<KeySystemRow>::Add(session.Keys(), row);
+    return row;
+}
+
+void AddPatterns(Session& session, const NewSystem& system, int systemID) {
+    PatternsRow row;
+    row.SystemNumber = systemID;
+    row.Label = QString(19, u' ');
+    row.Description = QString(16, u' ');
+    row.Department = QString(7, u' ');
+    row.KeyWay = QString(8, u' ');
+    Appender<PatternsRow> patterns(session.Keys(), row);
+    GeneratePatterns(system.definition, system.type, system.special.toStdString(),
+                     [&](const Pattern& pattern) {
+                         row.Cuts = Scrambled(QString::fromStdString(pattern.text));
+                         row.PageNumber = pattern.page;
+                         row.Position = pattern.position;
+                         row.Serial = static_cast<double>(pattern.serial);
+                         row.Master = pattern.master;
+                         patterns.Add();
+                     });
+}
+
+} // namespace
+
+std::optional<Refusal> CheckNewSystem(Session& session, const NewSystem& system) {
+    const SystemDefinition& definition = system.definition;
+    if (system.name.trimmed().isEmpty())
+        return Refusal{Refusal::Field::Name,
+                       QStringLiteral("Name of Key System: a name is required.")};
+    if (IsTaken(session, system.name))
+        return Refusal{Refusal::Field::Name, NameTaken(system.name.trimmed())};
+    if (!definition.HasValidPinCount())
+        return Refusal{Refusal::Field::Pins,
+                       QStringLiteral("Number of Pins: 4, 5, 6 or 7 pins are possible.")};
+    const QString master = QString::fromStdString(definition.master);
+    if (!IsCutsText(master, definition.pins))
+        return Refusal{Refusal::Field::Master, DigitsWanted("Master Key", definition.pins, master)};
+    if (auto refusal = CheckSpecial(system))
+        return refusal;
+    return CheckPages(definition);
+}
+
+KeySystemRow CreateKeySystem(Session& session, const NewSystem& system) {
+    Transaction transaction(session.Keys());
+    if (IsTaken(session, system.name))
+        throw NameTakenError(NameTaken(system.name.trimmed()).toStdString());
+    const KeySystemRow row = AddSystemRow(session, system);
+    AddPatterns(session, system, row.SystemID);
+    transaction.Commit();
+    return row;
+}
+
+} // namespace quorrel

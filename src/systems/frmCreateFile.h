@@ -1,0 +1,67 @@
+#pragma once
+
+#include "engine/SystemDefinition.h"
+#include "systems/NewSystem.h"
+#include "widgets/Form.h"
+
+#include <memory>
+
+class QLineEdit;
+
+namespace Ui {
+class frmCreateFile;
+}
+
+namespace quorrel {
+
+/// Defines a key system, with a live preview of its usable change keys, and creates it.
+class frmCreateFile : public Form {
+    Q_OBJECT
+
+public:
+    explicit frmCreateFile(Session& session);
+    ~frmCreateFile() override;
+
+signals:
+    /// The system is stored and open in the session.
+    void SystemCreated();
+    /// A brand without pin sizes was added.
+    void PinSizesWanted(const QString& brand);
+    /// The form was left without creating; systems exist.
+    void Cancelled();
+    /// The form was left, and there is no system to go back to.
+    void Ended();
+
+protected:
+    bool Unloading() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// Limits of a numeric field: above `highest` it becomes that; below `lowest` it becomes
+    /// `replacement`.
+    struct Limits {
+        QLineEdit* field;
+        int lowest, highest, replacement;
+    };
+
+    void WatchFields();
+    void Clamp(const Limits& limits);
+    void ShowType(int type);
+    void FillBrands();
+    void CheckBrand();
+    SystemDefinition Definition() const;
+    NewSystem Describe() const;
+    void MasterChanged();
+    void RefreshPreview();
+    void PreviewUsableKeys();
+    void ShowUsableKeys(const SystemDefinition& definition);
+    bool RefusesVariance(const SystemDefinition& definition);
+    void DrawMaster();
+    void Create();
+    QWidget* FieldOf(Refusal::Field field) const;
+
+    std::unique_ptr<Ui::frmCreateFile> ui;
+    bool m_goingOn = false;
+};
+
+} // namespace quorrel

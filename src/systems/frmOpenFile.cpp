@@ -1,0 +1,95 @@
+#include "systems/frmOpenFile.h"
+
+#include "systems/KeySystems.h"
+#include "ui_frmOpenFile.h"
+#include "widgets/HelpContexts.h"
+
+#include <QShortcut>
+
+namespace quorrel {
+
+frmOpenFile::frmOpenFile(Session& session)
+    : Form(session), ui(std::make_unique<Ui::frmOpenFile>()) {
+    ui->setupUi(this);
+    PlaceOnScreen(*this);
+    OfferHelp(help::kOpenSystem, ui->cmdHelp);
+    const bool mayCreate = session.SessionPermissions.CreateSystem;
+    ui->cmdNew->setEnabled(mayCreate);
+    ui->cmdDelete->setEnabled(mayCreate);
+    On(ui->cmdOpen, &QPushButton::clicked, [this] { OpenSelected(); });
+    On(ui->lstSystemFiles, &QListWidget::itemDoubleClicked, [this] { OpenSelected(); });
+    On(ui->cmdNew, &QPushButton::clicked, [this] {
+        m_keepRunning = true;
+        emit NewSystemWanted();
+        close();
+    });
+    On(ui->cmdDelete, &QPushButton::clicked, [this] { DeleteSelected(); });
+    auto* deleteKey = new QShortcut(QKeySequence::Delete, ui->lstSystemFiles);
+    deleteKey->setContext(Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, ui->cmdDelete, &QPushButton::click);
+    m_session.CurrentPage = 1;
+}
+
+frmOpenFile::~frmOpenFile() = default;
+
+void frmOpenFile::Activated() {
+    m_session.IdleTickCounter = 0;
+    FillList();
+    ui->lstSystemFiles->setFocus();
+}
+
+void frmOpenFile::FillList() {
+    m_systems = ListKeySystems(m_session);
+    ui->lstSystemFiles->clear();
+    for (const KeySystemRow& system : m_systems)
+        ui->lstSystemFiles->addItem(system.SystemName);
+    ui->lstSystemFiles->setCurrentRow(0);
+    if (!m_systems.empty())
+        return;
+    m_keepRunning = true;
+    emit NoSystems();
+    close();
+}
+
+void frmOpenFile::OpenSelected() {
+    const QListWidgetItem* item = ui->lstSystemFiles->currentItem();
+    if (!item)
+        return;
+    const BusyPointer busy;
+    if (!OpenSelectedSystem(m_session, item->text())) {
+        m_session.boxes.Message(
+            tr("The key system \"%1\" is no longer in the file.").arg(item->text()),
+            m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
+        FillList();
+        return;
+    }
+    m_keepRunning = true;
+    hide();
+    emit SystemOpened();
+    close();
+}
+
+void frmOpenFile::DeleteSelected() {
+    const int row = ui->lstSystemFiles->currentRow();
+    if (row < 0 || !m_session.SessionPermissions.CreateSystem)
+        return;
+    const KeySystemRow system = m_systems[static_cast<std::size_t>(row)];
+    const SystemContents contents = ContentsOf(m_session, system.SystemID);
+    const QString question =
+        tr("Are you sure you want to delete the key system \"%1\"?\n\nWith it go %2. This cannot "
+           "be undone. Its location maps stay in the map file.")
+            .arg(system.SystemName, contents.InWords());
+    if (!m_session.boxes.Confirms(question, m_session.ProgramTitle))
+        return;
+    const BusyPointer busy;
+    DeleteKeySystem(m_session, system.SystemID);
+    FillList();
+}
+
+bool frmOpenFile::Unloading() {
+    if (!m_keepRunning)
+        emit Ended();
+    return true;
+}
+
+} // namespace quorrel

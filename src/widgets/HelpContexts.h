@@ -1,0 +1,18 @@
+#pragma once
+
+/// \file
+/// The context numbers by which forms ask for their topics in the help file.
+
+namespace quorrel::help {
+
+inline constexpr int kContents = 1;
+inline constexpr int kFirstRun = 5;
+inline constexpr int kLogon = 10;
+inline constexpr int kOpenSystem = 20;
+inline constexpr int kCreateSystem = 30;
+inline constexpr int kMainPage = 60;
+inline constexpr int kExit = 65;
+inline constexpr int kAbout = 70;
+inline constexpr int kCompany = 570;
+
+} // namespace quorrel::help

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/Boxes.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <vector>
+
+namespace quorrel::test {
+
+/// Answers boxes from a queue and records what they said. A box that nobody expected fails the
+/// test, and so does an answer that no box took.
+class ScriptedBoxes : public Boxes {
+public:
+    struct Shown {
+        QString text, title;
+        BoxButtons buttons;
+    };
+
+    ~ScriptedBoxes() override {
+        for (const Expected& expected : m_expected)
+            ADD_FAILURE() << "No box said: " << expected.text.toStdString();
+    }
+
+    /// The next box must contain `text`; it gets this answer.
+    void Expect(const QString& text, BoxAnswer answer = BoxAnswer::Ok) {
+        m_expected.push_back({text, answer, {}});
+    }
+
+    /// The next box must be a file dialog with this filter; this path is chosen.
+    void ExpectFileDialog(const QString& filter, const QString& path) {
+        m_expected.push_back({filter, BoxAnswer::Ok, path});
+    }
+
+    const std::vector<Shown>& All() const { return m_shown; }
+
+    /// The box shown last.
+    Shown Last() const { return m_shown.empty() ? Shown{} : m_shown.back(); }
+
+    BoxAnswer Message(const QString& text, const QString& title, BoxButtons buttons,
+                      BoxIcon) override {
+        m_shown.push_back({text, title, buttons});
+        return Next(text).answer;
+    }
+
+    QString OpenFile(const QString& title, const QString& filter) override {
+        m_shown.push_back({filter, title, BoxButtons::OkCancel});
+        return Next(filter).path;
+    }
+
+private:
+    struct Expected {
+        QString text;
+        BoxAnswer answer;
+        QString path;
+    };
+
+    Expected Next(const QString& text) {
+        if (m_expected.empty()) {
+            ADD_FAILURE() << "Unexpected box: " << text.toStdString();
+            return {{}, BoxAnswer::Cancel, {}};
+        }
+        const Expected expected = m_expected.front();
+        m_expected.pop_front();
+        EXPECT_TRUE(text.contains(expected.text))
+            << "Expected: " << expected.text.toStdString() << "\nShown: " << text.toStdString();
+        return expected;
+    }
+
+    std::deque<Expected> m_expected;
+    std::vector<Shown> m_shown;
+};
+
+} // namespace quorrel::test

@@ -1,0 +1,107 @@
+// A second workstation for the tests: works on a program folder as a process of its own.
+//
+//   workstation FOLDER create NAME MASTER   creates a key system; prints "created ID"
+//   workstation FOLDER delete NAME          deletes a key system; prints "deleted"
+//   workstation FOLDER list                 prints "NAME: PATTERNS" for each key system
+//   workstation FOLDER hold MILLISECONDS    holds the write lock; prints "holding" when it has it
+//   workstation FOLDER open-as-nobody       opens the files as a user without the right to write
+//
+// Fails with exit code 1 and a message on standard error.
+
+#include "platform/Recordset.h"
+#include "start/Startup.h"
+#include "systems/KeySystems.h"
+#include "systems/NewSystem.h"
+
+#include <QString>
+#include <QThread>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+
+using namespace quorrel;
+
+namespace {
+
+/// Nobody sits before this workstation.
+class NoBoxes : public Boxes {
+public:
+    BoxAnswer Message(const QString& text, const QString&, BoxButtons, BoxIcon) override {
+        throw std::runtime_error(text.toStdString());
+    }
+    QString OpenFile(const QString&, const QString&) override { return {}; }
+};
+
+void Create(Session& session, const QString& name, const std::string& master) {
+    NewSystem system;
+    system.name = name;
+    system.definition.master = master;
+    system.definition.pins = static_cast<int>(master.size());
+    if (const auto refusal = CheckNewSystem(session, system))
+        throw std::runtime_error(refusal->text.toStdString());
+    std::cout << "created " << CreateKeySystem(session, system).SystemID << std::endl;
+}
+
+void Delete(Session& session, const QString& name) {
+    for (const KeySystemRow& system : ListKeySystems(session))
+        if (system.SystemName == name)
+            DeleteKeySystem(session, system.SystemID);
+    std::cout << "deleted" << std::endl;
+}
+
+void List(Session& session) {
+    for (const KeySystemRow& system : ListKeySystems(session))
+        std::cout << system.SystemName.toStdString() << ": "
+                  << ContentsOf(session, system.SystemID).keys << std::endl;
+}
+
+void Hold(Session& session, unsigned long milliseconds) {
+    const Transaction transaction(session.Keys());
+    std::cout << "holding" << std::endl;
+    QThread::msleep(milliseconds);
+}
+
+void BecomeNobody() {
+#ifdef Q_OS_UNIX
+    constexpr uid_t nobody = 65534;
+    if (geteuid() == 0 && setuid(nobody) != 0)
+        throw std::runtime_error("cannot become nobody");
+#endif
+}
+
+void Run(const QString& folder, const QString& verb, int argc, char** argv) {
+    if (verb == QLatin1String("open-as-nobody"))
+        BecomeNobody();
+    NoBoxes boxes;
+    Session session(folder, boxes, SystemClock(), Random([] { return 1U; }));
+    QString failure;
+    if (!LoadStartupFiles(session, failure))
+        throw std::runtime_error(failure.toStdString());
+    if (verb == QLatin1String("create") && argc == 5)
+        Create(session, QString::fromUtf8(argv[3]), argv[4]);
+    else if (verb == QLatin1String("delete") && argc == 4)
+        Delete(session, QString::fromUtf8(argv[3]));
+    else if (verb == QLatin1String("list"))
+        List(session);
+    else if (verb == QLatin1String("hold") && argc == 4)
+        Hold(session, std::stoul(argv[3]));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3)
+        return 2;
+    try {
+        Run(QString::fromUtf8(argv[1]), QString::fromLatin1(argv[2]), argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << std::endl;
+        return 1;
+    }
+    return 0;
+}
