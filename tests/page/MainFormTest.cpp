@@ -1,0 +1,219 @@
+#include "engine/CellStates.h"
+#include "page/KeyCell.h"
+#include "platform/Recordset.h"
+#include "store/Scramble.h"
+#include "store/SystemTables.h"
+#include "support/FormDriver.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QToolButton>
+
+namespace quorrel::test {
+namespace {
+
+KeyCell* CellOf(QWidget* main, int cell) {
+    return Find<KeyCell>(main, ("ChgKey_" + std::to_string(cell)).c_str());
+}
+
+void ClickCell(QWidget* main, int cell) {
+    Click(main, ("ChgKey_" + std::to_string(cell)).c_str());
+}
+
+QString LabelText(QWidget* main, const char* name) {
+    return Find<QLabel>(main, name)->text();
+}
+
+/// Gives keys of the open file a Key ID and a description.
+void LabelKeys(RunningProgram& run, const std::map<int, QString>& labelOfPosition) {
+    for (PatternsRow& row : Recordset<PatternsRow>(run.session.Keys()).Rows()) {
+        const auto label = labelOfPosition.find(row.Position);
+        if (row.PageNumber != 1 || label == labelOfPosition.end())
+            continue;
+        row.Label = label->second.leftJustified(19);
+        row.Description = "Of " + label->second;
+        Recordset<PatternsRow>::Update(run.session.Keys(), row);
+    }
+}
+
+TEST(FrmMain, ClickRepaintsEveryCellAndNamesTheMasters) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "395172"));
+    LabelKeys(run, {{6, "CHANGE6"},
+                    {9, "BLOCK9"},
+                    {86, "LINE86"},
+                    {89, "AREA89"},
+                    {100, "COL100"},
+                    {104, "PAGE"},
+                    {107, "GRAND"}});
+    run.StartAndLogOn();
+    Click(run.Form("frmOpenFile"), "cmdOpen");
+    QWidget* main = run.Form("frmMain");
+    ClickCell(main, 6);
+    EXPECT_EQ(LabelText(main, "lblBlockMasterID"), "BLOCK9");
+    EXPECT_EQ(LabelText(main, "lblLineMasterDesc"), "Of LINE86");
+    EXPECT_EQ(LabelText(main, "lblAreaMasterID"), "AREA89");
+    EXPECT_EQ(LabelText(main, "lblColumnMasterID"), "COL100");
+    EXPECT_EQ(LabelText(main, "lblSystemMasterID"), "GRAND");
+    EXPECT_EQ(LabelText(main, "lblSystemMaster"), "Grand Master");
+    EXPECT_FALSE(Find<QLabel>(main, "lblGrandMaster")->isVisible()) << "six pins";
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "CHANGE6");
+    EXPECT_TRUE(Find<QLineEdit>(main, "txtKeyID")->hasFocus());
+    for (const auto& [cell, state] : std::map<int, int>{{6, 11},
+                                                        {7, 0},
+                                                        {9, 13},
+                                                        {86, 13},
+                                                        {89, 13},
+                                                        {100, 13},
+                                                        {104, 13},
+                                                        {105, 3},
+                                                        {107, 13},
+                                                        {108, 15}})
+        EXPECT_EQ(CellOf(main, cell)->ShownState(), state) << cell;
+    EXPECT_FALSE(CellOf(main, 108)->isEnabled());
+    EXPECT_EQ(CellOf(main, 6)->accessibleName(), "Change Key 6, Key ID CHANGE6, selected");
+
+    ClickCell(main, 89);
+    EXPECT_EQ(LabelText(main, "lblBlockMasterID"), "N/A");
+    EXPECT_TRUE(Find<QLabel>(main, "lblAreaMaster")->font().bold());
+    EXPECT_EQ(CellOf(main, 6)->ShownState(), 12);
+    EXPECT_EQ(CellOf(main, 9)->ShownState(), 14);
+    ClickCell(main, 105);
+    EXPECT_EQ(LabelText(main, "lblColumnMasterID"), "All for this Page");
+    EXPECT_EQ(LabelText(main, "lblColumnMasterDesc"), "N/A");
+    EXPECT_FALSE(Find<QLabel>(main, "lblAreaMaster")->font().bold());
+    EXPECT_EQ(CellOf(main, 104)->ShownState(), 14);
+    EXPECT_EQ(CellOf(main, 106)->ShownState(), 3);
+}
+
+TEST(FrmMain, NoCutIsVisibleWithoutTheRightToReadThem) {
+    RunningProgram run;
+    NewSystem system = StandardSystem("Pier", "395172");
+    system.type = SystemType::ICCore23;
+    system.special = "135797";
+    CreateKeySystem(run.session, system);
+    auto account = *Recordset<ProgramUsersRow>(run.session.Keys()).First();
+    account.ReadPrintPinning = false;
+    Recordset<ProgramUsersRow>::Update(run.session.Keys(), account);
+    run.RecordCompany();
+    run.program.Start(false);
+    Click(run.Form("frmLogon"), "cmdLogon"); // and no question about the log-off
+    Click(run.Form("frmOpenFile"), "cmdOpen");
+    QWidget* main = run.Form("frmMain");
+
+    QStringList cuts = {"135797", "395172"};
+    for (const PatternsRow& row : Recordset<PatternsRow>(run.session.Keys()).Rows())
+        cuts.append(Unscrambled(row.Cuts).left(6));
+    for (int cell : {0, 4, 80, 84, 100, 104, 107}) {
+        ClickCell(main, cell);
+        EXPECT_EQ(LabelText(main, "lblCuts"), "********");
+        QString visible;
+        for (const QWidget* widget : main->findChildren<QWidget*>()) {
+            visible += widget->toolTip() + '\n' + widget->accessibleName() + '\n';
+            if (const auto* label = qobject_cast<const QLabel*>(widget))
+                visible += label->text() + '\n';
+            if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
+                visible += edit->text() + '\n';
+        }
+        for (const QString& text : cuts)
+            ASSERT_FALSE(visible.contains(text)) << text.toStdString();
+    }
+    EXPECT_FALSE(Find<QLabel>(main, "lblControlKey")->isVisible());
+}
+
+TEST(FrmMain, PagingShowsTheOtherPageAndItsLevels) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "395172"));
+    ClickCell(main, 0);
+    EXPECT_EQ(LabelText(main, "lblCuts"), "111310 ");
+    auto* bar = Find<QScrollBar>(main, "scrlPage");
+    EXPECT_EQ(bar->maximum(), 64);
+    bar->setValue(64);
+    EXPECT_EQ(LabelText(main, "lblCurrentPage"), "64");
+    EXPECT_EQ(LabelText(main, "lblCuts"), "979310 ");
+    ClickCell(main, 104);
+    EXPECT_EQ(LabelText(main, "lblCuts"), "979172 ");
+    EXPECT_TRUE(CellOf(main, 104)->toolTip().contains("979172"));
+    QTest::keyClick(main, Qt::Key_PageUp);
+    EXPECT_EQ(LabelText(main, "lblCurrentPage"), "63");
+}
+
+TEST(FrmMain, WarnsOfAKeyBeyondTheSafetyFactorWhenClicked) {
+    RunningProgram run;
+    NewSystem system = StandardSystem("Pier", "395172");
+    system.definition.safetyFactor = 3;
+    QWidget* main = run.OpenMain(system);
+    int offending = 0;
+    while (!CellOf(main, offending)->toolTip().contains('*'))
+        ++offending;
+    EXPECT_EQ(CellOf(main, offending)->ShownState() / 20, 1);
+    run.boxes.Expect("This Pattern is Not Recomended for use due to Safety Factor Limitation!");
+    ClickCell(main, offending);
+    Find<QScrollBar>(main, "scrlPage")->setValue(2); // a page just loaded does not warn
+    Click(main, "Picture1_0");
+}
+
+TEST(FrmMain, KeyboardMovesBetweenCellsAndSelects) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "395172"));
+    QTest::keyClick(main->focusWidget(), Qt::Key_F6);
+    EXPECT_EQ(main->focusWidget()->objectName(), "ChgKey_0");
+    QTest::keyClick(main->focusWidget(), Qt::Key_Down);
+    QTest::keyClick(main->focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(main->focusWidget()->objectName(), "ChgKey_21");
+    QTest::keyClick(main->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(CellOf(main, 21)->ShownState(), cellstate::kActive);
+    EXPECT_TRUE(Find<QLineEdit>(main, "txtKeyID")->hasFocus());
+}
+
+TEST(FrmMain, LayoutsAndLegendAreToggled) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "395172"));
+    EXPECT_TRUE(Find<QToolButton>(main, "Picture1_0")->isVisible());
+    const int compact = CellOf(main, 0)->width();
+    Click(main, "Picture1_0");
+    QTest::qWait(10);
+    EXPECT_GT(CellOf(main, 0)->width(), compact);
+    EXPECT_FALSE(Find<QToolButton>(main, "Picture1_0")->isVisible());
+    Click(main, "Picture1_1");
+    EXPECT_TRUE(Find<QToolButton>(main, "Picture1_0")->isVisible());
+
+    auto* legend = Find<QWidget>(main, "frmLegend");
+    EXPECT_FALSE(legend->isVisible());
+    Click(main, "cmdLegend");
+    EXPECT_TRUE(legend->isVisible());
+    Click(main, "cmdLegend");
+    EXPECT_FALSE(legend->isVisible());
+}
+
+TEST(FrmMain, RightsDimTheMenu) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+    auto account = *Recordset<ProgramUsersRow>(run.session.Keys()).First();
+    account.CreateSystem = account.AddEditProgramUsers = false;
+    Recordset<ProgramUsersRow>::Update(run.session.Keys(), account);
+    run.StartAndLogOn();
+    Click(run.Form("frmOpenFile"), "cmdOpen");
+    QWidget* main = run.Form("frmMain");
+    EXPECT_FALSE(Find<QAction>(main, "mnuFileNew")->isEnabled());
+    EXPECT_FALSE(Find<QAction>(main, "mnuCompanyInfo")->isEnabled());
+    EXPECT_FALSE(Find<QMenu>(main, "mnuUsers")->menuAction()->isEnabled());
+    EXPECT_TRUE(Find<QAction>(main, "mnuFileOpen")->isEnabled());
+}
+
+TEST(FrmMain, SaysWhenNoMapFilesAreThere) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+    run.session.MapDatabasePath = "/nowhere";
+    run.StartAndLogOn();
+    run.session.MapDatabasePath = "/nowhere";
+    run.boxes.Expect("No Map Files are available");
+    Click(run.Form("frmOpenFile"), "cmdOpen");
+    EXPECT_EQ(run.boxes.Last().title, "File Access Error");
+    EXPECT_TRUE(run.Form("frmMain"));
+}
+
+} // namespace
+} // namespace quorrel::test

@@ -1,0 +1,241 @@
+#include "platform/Recordset.h"
+#include "store/SystemTables.h"
+#include "support/FormDriver.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace quorrel::test {
+namespace {
+
+QString TextOf(QWidget* form, const char* name) {
+    return Find<QLineEdit>(form, name)->text();
+}
+
+QStringList Lines(const QListWidget* list) {
+    QStringList lines;
+    for (int row = 0; row < list->count(); ++row)
+        lines.append(list->item(row)->text());
+    return lines;
+}
+
+/// The create form on a file without systems.
+class FrmCreateFile : public testing::Test {
+protected:
+    void SetUp() override {
+        run.StartAndLogOn();
+        form = run.Form("frmCreateFile");
+    }
+
+    void TypeValues(const QString& pins, const QString& lowest, const QString& highest,
+                    const QString& increment) {
+        Type(form, "txtIncrement", "2"); // Lets any range through while the rest is typed.
+        Type(form, "txtNumberofPins", pins);
+        Type(form, "txtMinimumPin", lowest);
+        Type(form, "txtMaximumPin", highest);
+        Type(form, "txtIncrement", increment);
+    }
+
+    RunningProgram run;
+    QWidget* form = nullptr;
+};
+
+TEST_F(FrmCreateFile, HoldsTheNumbersWithinTheirLimits) {
+    const struct {
+        const char* field;
+        const char* typed;
+        const char* kept;
+    } cases[] = {{"txtMaximumPin", "12", "9"},  {"txtMaximumPin", "4", "5"},
+                 {"txtMinimumPin", "7", "4"},   {"txtMinimumPin", "-1", "0"},
+                 {"txtNumberofPins", "0", "4"}, {"txtNumberofPins", "8", "7"},
+                 {"txtIncrement", "5", "4"},    {"txtIncrement", "x", "1"},
+                 {"txtSafetyFactor", "1", "2"}, {"txtSafetyFactor", "99", "9"}};
+    for (const auto& test : cases) {
+        // Pasted whole: each key by itself would be held within the limits at once.
+        Find<QLineEdit>(form, test.field)->setText(test.typed);
+        EXPECT_EQ(TextOf(form, test.field), test.kept) << test.field << " " << test.typed;
+        EXPECT_EQ(Find<QLineEdit>(form, test.field)->selectedText(), test.kept);
+    }
+}
+
+TEST_F(FrmCreateFile, PreviewFollowsTheMasterAndTheValues) {
+    const struct {
+        const char *master, *lowest, *highest, *increment;
+        int pages, total;
+    } cases[] = {{"395172", "0", "9", "2", 64, 4096},
+                 {"31524", "1", "5", "1", 16, 1024},
+                 {"2715", "0", "9", "2", 4, 256}};
+    const auto* list = Find<QListWidget>(form, "List1");
+    for (const auto& test : cases) {
+        Type(form, "txtMasterKey", "");
+        TypeValues(QString::number(QString(test.master).size()), test.lowest, test.highest,
+                   test.increment);
+        Type(form, "txtMasterKey", test.master);
+        EXPECT_EQ(list->count(), test.pages) << test.master;
+        EXPECT_EQ(list->item(0)->text(), "Page 1    = 64");
+        EXPECT_EQ(Find<QLabel>(form, "lblTotalChanges")->text(),
+                  QString("Total Usable Change Keys = %1").arg(test.total));
+    }
+    Type(form, "txtIncrement", "3");
+    EXPECT_NE(Find<QLabel>(form, "lblTotalChanges")->text(), "Total Usable Change Keys = 256");
+    Type(form, "txtNumberofPins", "5");
+    EXPECT_EQ(list->count(), 0) << "a master of four cuts says nothing about five pins";
+}
+
+TEST_F(FrmCreateFile, TooWideARangeForIncrementOneLeavesTheListAsItIs) {
+    TypeValues("4", "0", "9", "2");
+    Type(form, "txtMasterKey", "2715");
+    TypeValues("4", "4", "9", "1");
+    const QStringList before = Lines(Find<QListWidget>(form, "List1"));
+    EXPECT_FALSE(before.isEmpty());
+    run.boxes.Expect("Quorrel is limited to a pin variance of 5 when creating a Single Increment "
+                     "System");
+    Type(form, "txtMasterKey", "4567");
+    EXPECT_EQ(run.boxes.Last().title, "Pin Variance Error");
+    EXPECT_TRUE(Find<QLineEdit>(form, "txtMinimumPin")->hasFocus());
+    EXPECT_EQ(Lines(Find<QListWidget>(form, "List1")), before);
+}
+
+TEST_F(FrmCreateFile, TypeShowsItsOwnField) {
+    const auto shown = [&](const char* name) { return Find<QWidget>(form, name)->isVisible(); };
+    EXPECT_FALSE(shown("txtAngle") || shown("lblAngle") || shown("txtControlKey"));
+    Click(form, "opType_1");
+    EXPECT_TRUE(shown("txtAngle") && shown("lblAngle") && !shown("txtControlKey"));
+    Click(form, "opType_2");
+    EXPECT_TRUE(shown("txtControlKey") && shown("lblControlKey") && !shown("txtAngle"));
+    Click(form, "opType_0");
+    EXPECT_FALSE(shown("txtAngle") || shown("txtControlKey") || shown("lblControlKey"));
+}
+
+TEST_F(FrmCreateFile, RandomMasterPreviewsItself) {
+    for (int draw = 0; draw < 20; ++draw) {
+        Click(form, "cmdRandomMaster");
+        EXPECT_TRUE(IsDigits(TextOf(form, "txtMasterKey").toStdString(), 6));
+        EXPECT_GT(Find<QListWidget>(form, "List1")->count(), 0);
+    }
+    TypeValues("4", "0", "9", "2");
+    Type(form, "txtSafetyFactor", "2");
+    run.boxes.Expect("No master key keeps to these values");
+    Click(form, "cmdRandomMaster");
+}
+
+TEST_F(FrmCreateFile, RefusesBeforeAnythingIsWrittenAndSaysWhichField) {
+    const auto refused = [&](const QString& text, const char* focus) {
+        run.boxes.Expect(text);
+        Click(form, "cmdCreate");
+        EXPECT_TRUE(
+            run.boxes.Last().text.startsWith("There has been an error in Pre-Creation Process"));
+        EXPECT_TRUE(Find<QLineEdit>(form, focus)->hasFocus()) << text.toStdString();
+        EXPECT_TRUE(Recordset<KeySystemRow>(run.session.Keys()).Empty());
+    };
+    refused("Name of Key System", "txtSystemName");
+    Type(form, "txtSystemName", "Pier");
+    Type(form, "txtMasterKey", "39517");
+    refused("Master Key: 6 digits", "txtMasterKey");
+    Type(form, "txtMasterKey", "395172");
+    Click(form, "opType_1");
+    Type(form, "txtAngle", "12345x");
+    refused("Angle Values: 6 digits", "txtAngle");
+    Click(form, "opType_2");
+    refused("Control Key: 6 digits", "txtControlKey");
+    Type(form, "txtControlKey", "135790");
+    Click(form, "cmdCreate");
+    EXPECT_EQ(Find<QLabel>(run.Form("frmMain"), "lblControlKey")->text(), "135790");
+    EXPECT_FALSE(run.IsLoaded("frmCreateFile"));
+}
+
+TEST_F(FrmCreateFile, NewBrandIsLearntOnceAndAnEmptyOneIsNot) {
+    const auto brands = [&] { return Recordset<ManufacturerRow>(run.session.Keys()).Count(); };
+    const auto before = brands();
+    const auto enter = [&](const char* brand) {
+        auto* combo = Find<QComboBox>(form, "txtLockBrand");
+        combo->setFocus();
+        combo->setCurrentText(brand);
+        QTest::keyClick(combo, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+    };
+    enter("");
+    enter("generic");
+    EXPECT_EQ(brands(), before);
+    enter("Quayside");
+    enter("quayside 40");
+    EXPECT_EQ(brands(), before + 1);
+    Find<QLineEdit>(form, "txtMinimumPin")->setFocus();
+    const auto* combo = Find<QComboBox>(form, "txtLockBrand");
+    EXPECT_GE(combo->findText("Quayside"), 0);
+    EXPECT_EQ(combo->currentText(), "quayside 40");
+}
+
+TEST_F(FrmCreateFile, CancelOnAFileWithoutSystemsEndsTheProgram) {
+    Click(form, "cmdCancel");
+    EXPECT_TRUE(run.ended);
+}
+
+TEST(FrmOpenFile, OpensListsAndGoesToANewSystem) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+    CreateKeySystem(run.session, StandardSystem("Quay", "395172"));
+    run.StartAndLogOn();
+    QWidget* open = run.Form("frmOpenFile");
+    auto* list = Find<QListWidget>(open, "lstSystemFiles");
+    EXPECT_EQ(Lines(list), QStringList({"Pier", "Quay"}));
+    EXPECT_EQ(list->currentRow(), 0);
+    list->setCurrentRow(1);
+    QTest::keyClick(list, Qt::Key_Return);
+    QWidget* main = run.Form("frmMain");
+    EXPECT_EQ(Find<QLabel>(main, "lblSystem")->text(), "Quay");
+    EXPECT_EQ(Find<QLabel>(main, "lblMaxPage")->text(), "64");
+
+    Choose(main, "mnuFileOpen");
+    EXPECT_FALSE(run.IsLoaded("frmMain"));
+    Click(run.Form("frmOpenFile"), "cmdNew");
+    Click(run.Form("frmCreateFile"), "cmdCancel");
+    EXPECT_TRUE(run.Form("frmOpenFile"));
+    EXPECT_FALSE(run.ended);
+    run.Form("frmOpenFile")->close();
+    EXPECT_TRUE(run.ended);
+}
+
+TEST(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+    CreateKeySystem(run.session, StandardSystem("Quay", "2715"));
+    run.StartAndLogOn();
+    QWidget* open = run.Form("frmOpenFile");
+    auto* list = Find<QListWidget>(open, "lstSystemFiles");
+    list->setCurrentRow(1);
+    run.boxes.Expect("\"Quay\"", BoxAnswer::No);
+    Click(open, "cmdDelete");
+    EXPECT_TRUE(run.boxes.Last().text.contains("417 keys")) << run.boxes.Last().text.toStdString();
+    EXPECT_EQ(list->count(), 2);
+
+    list->setCurrentRow(1);
+    run.boxes.Expect("\"Quay\"", BoxAnswer::Yes);
+    Click(open, "cmdDelete");
+    EXPECT_EQ(Lines(list), QStringList({"Pier"}));
+    run.boxes.Expect("\"Pier\"", BoxAnswer::Yes);
+    Click(open, "cmdDelete");
+    EXPECT_TRUE(run.Form("frmCreateFile")) << "no system is left to choose";
+}
+
+TEST(FrmOpenFile, WithoutTheRightNothingButOpeningIsPossible) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+    auto account = *Recordset<ProgramUsersRow>(run.session.Keys()).First();
+    account.CreateSystem = false;
+    Recordset<ProgramUsersRow>::Update(run.session.Keys(), account);
+    run.StartAndLogOn();
+    QWidget* open = run.Form("frmOpenFile");
+    EXPECT_FALSE(Find<QPushButton>(open, "cmdNew")->isEnabled());
+    EXPECT_FALSE(Find<QPushButton>(open, "cmdDelete")->isEnabled());
+    QTest::keyClick(Find<QListWidget>(open, "lstSystemFiles"), Qt::Key_Delete);
+    Click(open, "cmdOpen");
+    EXPECT_TRUE(run.Form("frmMain"));
+}
+
+} // namespace
+} // namespace quorrel::test
