@@ -3,11 +3,14 @@
 #include "access/frmCompanyInfo.h"
 #include "access/frmLogon.h"
 #include "page/frmMain.h"
+#include "pinning/frmManufacturer.h"
 #include "platform/Files.h"
 #include "start/Startup.h"
 #include "start/frmAbout.h"
+#include "start/frmDrive.h"
 #include "start/frmExit.h"
 #include "start/frmFirst.h"
+#include "start/frmNetwork.h"
 #include "start/frmStart.h"
 #include "store/DatabaseFiles.h"
 #include "systems/KeySystems.h"
@@ -65,7 +68,11 @@ void Program::Start(bool splash) {
 
 void Program::FilesNotFound(const QString& failure) {
     m_session.boxes.Message(failure, QStringLiteral("Quorrel"), BoxButtons::Ok, BoxIcon::Warning);
-    End();
+    // The settings can point at other key files, but they lie in `Sysinfo.qvx` themselves.
+    if (m_session.SysinfoDatabase)
+        ShowNetwork();
+    else
+        End();
 }
 
 void Program::ShowFirst() {
@@ -98,6 +105,7 @@ void Program::ShowSystems() {
 void Program::ShowCreate() {
     auto* create = Load(new frmCreateFile(m_session));
     connect(create, &frmCreateFile::SystemCreated, this, &Program::ShowMain);
+    connect(create, &frmCreateFile::PinSizesWanted, this, &Program::ShowPinSizes);
     connect(create, &frmCreateFile::Cancelled, this, &Program::ShowSystems);
     connect(create, &frmCreateFile::Ended, this, &Program::End);
     create->show();
@@ -111,6 +119,8 @@ void Program::ShowMain() {
         connect(m_main, &frmMain::CompanyWanted, this, [this] { ShowCompany(true); });
         connect(m_main, &frmMain::AboutWanted, this, &Program::ShowAbout);
         connect(m_main, &frmMain::ExitWanted, this, &Program::ShowExit);
+        connect(m_main, &frmMain::PinSizesWanted, this, &Program::ShowPinSizes);
+        connect(m_main, &frmMain::NetworkWanted, this, &Program::ShowNetwork);
         connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
     }
     m_main->show();
@@ -138,6 +148,35 @@ void Program::ShowAbout() {
     auto* about = Load(new frmAbout(m_session, SystemInformationTool()));
     connect(about, &frmAbout::Closed, this, &Program::ShowMain);
     about->show();
+}
+
+void Program::ShowPinSizes(const QString& brand) {
+    auto* sizes = Load(new frmManufacturer(m_session, brand));
+    connect(sizes, &frmManufacturer::Closed, this, [this] {
+        if (m_main)
+            ShowMain();
+    });
+    sizes->show();
+}
+
+void Program::ShowNetwork() {
+    m_network = Load(new frmNetwork(m_session));
+    connect(m_network, &frmNetwork::MapFolderWanted, this, &Program::ShowDrive);
+    // Where the files could not be opened there is nothing to go back to.
+    connect(m_network, &frmNetwork::Closed, this, [this] {
+        if (m_main)
+            ShowMain();
+        else
+            End();
+    });
+    m_network->show();
+}
+
+void Program::ShowDrive() {
+    auto* drive = Load(new frmDrive(m_session, m_network->MapFolder()));
+    connect(drive, &frmDrive::FolderChosen, m_network, &frmNetwork::SetMapFolder);
+    connect(drive, &frmDrive::Closed, m_network, &QWidget::show);
+    drive->show();
 }
 
 HelpWindow& Program::Help() {

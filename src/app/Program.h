@@ -15,6 +15,7 @@ namespace quorrel {
 class Form;
 class HelpWindow;
 class frmMain;
+class frmNetwork;
 
 /// The flow of the program: the only place that knows all forms. Forms ask for one another by
 /// signals; this shows, hides and unloads them.
@@ -53,6 +54,9 @@ private:
     void ShowCompany(bool fromMain);
     void ShowExit();
     void ShowAbout();
+    void ShowPinSizes(const QString& brand);
+    void ShowNetwork();
+    void ShowDrive();
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
     HelpWindow& Help();
@@ -61,6 +65,7 @@ private:
     Session& m_session;
     std::vector<QPointer<QWidget>> m_forms;
     QPointer<frmMain> m_main;
+    QPointer<frmNetwork> m_network;
     std::unique_ptr<HelpWindow> m_help;
     bool m_ended = false;
 };

@@ -75,6 +75,16 @@ void frmMain::WatchMenu() {
         hide();
         emit CompanyWanted();
     });
+    On(ui->mnuNetwork, &QAction::triggered, [this] {
+        if (!m_session.SessionPermissions.AddEditProgramUsers)
+            return;
+        hide();
+        emit NetworkWanted();
+    });
+    On(ui->mnuPinSizes, &QAction::triggered, [this] {
+        hide();
+        emit PinSizesWanted(ui->lblBrand->text());
+    });
     On(ui->mnuHelpContents, &QAction::triggered, [this] { emit HelpWanted(help::kContents); });
     On(ui->mnuHelpIndex, &QAction::triggered, [this] { emit HelpIndexWanted(); });
     On(ui->mnuHelpAbout, &QAction::triggered, [this] {
@@ -132,7 +142,8 @@ void frmMain::ApplyPermissions() {
     const Permissions& may = m_session.SessionPermissions;
     ui->mnuUsers->menuAction()->setEnabled(may.AddEditProgramUsers);
     ui->mnuFileNew->setEnabled(may.CreateSystem);
-    ui->mnuCompanyInfo->setEnabled(may.CreateSystem);
+    for (QAction* entry : {ui->mnuCompanyInfo, ui->mnuPinSizes, ui->mnuNetwork})
+        entry->setEnabled(may.CreateSystem);
 }
 
 void frmMain::ShowSystem() {

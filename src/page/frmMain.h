@@ -35,6 +35,8 @@ signals:
     void NewSystemWanted();
     void OpenSystemWanted();
     void CompanyWanted();
+    void NetworkWanted();
+    void PinSizesWanted(const QString& brand);
     void AboutWanted();
     void ExitWanted();
     void HelpWanted(int context);

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 namespace quorrel {
 
 enum class BoxButtons { Ok, OkCancel, YesNo };
@@ -21,6 +23,10 @@ public:
     /// Lets the user choose an existing file. `filter` holds pairs "Name|*.ext;*.ext" joined by
     /// "|". Gives an empty text when nothing was chosen.
     virtual QString OpenFile(const QString& title, const QString& filter) = 0;
+
+    /// Asks for a line of text. Nothing when the user cancels.
+    virtual std::optional<QString> Input(const QString& text, const QString& title,
+                                         const QString& proposal) = 0;
 
     bool Confirms(const QString& text, const QString& title) {
         return Message(text, title, BoxButtons::YesNo, BoxIcon::Question) == BoxAnswer::Yes;

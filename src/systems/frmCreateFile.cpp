@@ -2,9 +2,9 @@
 
 #include "engine/Preview.h"
 #include "engine/RandomMaster.h"
+#include "pinning/PinSizes.h"
 #include "platform/Text.h"
 #include "systems/KeySystems.h"
-#include "systems/LockBrands.h"
 #include "ui_frmCreateFile.h"
 #include "widgets/HelpContexts.h"
 

@@ -10,9 +10,11 @@ inline constexpr int kFirstRun = 5;
 inline constexpr int kLogon = 10;
 inline constexpr int kOpenSystem = 20;
 inline constexpr int kCreateSystem = 30;
+inline constexpr int kPinSizes = 35;
 inline constexpr int kMainPage = 60;
 inline constexpr int kExit = 65;
 inline constexpr int kAbout = 70;
+inline constexpr int kNetwork = 80;
 inline constexpr int kCompany = 570;
 
 } // namespace quorrel::help

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 
 namespace quorrel {
@@ -76,6 +77,14 @@ BoxAnswer ScreenBoxes::Message(const QString& text, const QString& title, BoxBut
 QString ScreenBoxes::OpenFile(const QString& title, const QString& filter) {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, {},
                                         ToolkitFilter(filter));
+}
+
+std::optional<QString> ScreenBoxes::Input(const QString& text, const QString& title,
+                                          const QString& proposal) {
+    bool accepted = false;
+    const QString typed = QInputDialog::getText(QApplication::activeWindow(), title, text,
+                                                QLineEdit::Normal, proposal, &accepted);
+    return accepted ? std::optional(typed) : std::nullopt;
 }
 
 } // namespace quorrel

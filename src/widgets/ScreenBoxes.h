@@ -10,6 +10,8 @@ public:
     BoxAnswer Message(const QString& text, const QString& title, BoxButtons buttons,
                       BoxIcon icon) override;
     QString OpenFile(const QString& title, const QString& filter) override;
+    std::optional<QString> Input(const QString& text, const QString& title,
+                                 const QString& proposal) override;
 };
 
 } // namespace quorrel

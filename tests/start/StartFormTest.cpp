@@ -50,8 +50,8 @@ TEST(FirstRun, CompanyFormThatIsClosedStillLeadsOn) {
 TEST(Start, TellsInPlainWordsWhyAFileCannotBeUsed) {
     RunningProgram run;
     CloseDatabases(run.session);
-    ASSERT_TRUE(QFile::remove(run.PathOf(kKeySystemFile)));
-    run.boxes.Expect("KeySystem.qv2 cannot be found");
+    ASSERT_TRUE(QFile::remove(run.PathOf(kSysinfoFile)));
+    run.boxes.Expect("Sysinfo.qvx cannot be found");
     run.program.Start(false);
     EXPECT_TRUE(run.ended);
 }

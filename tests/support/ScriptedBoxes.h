@@ -33,6 +33,11 @@ public:
         m_expected.push_back({filter, BoxAnswer::Ok, path});
     }
 
+    /// The next box must be an input box that contains `text`; this is typed into it.
+    void ExpectInput(const QString& text, const QString& typed) {
+        m_expected.push_back({text, BoxAnswer::Ok, typed});
+    }
+
     const std::vector<Shown>& All() const { return m_shown; }
 
     /// The box shown last.
@@ -47,6 +52,13 @@ public:
     QString OpenFile(const QString& title, const QString& filter) override {
         m_shown.push_back({filter, title, BoxButtons::OkCancel});
         return Next(filter).path;
+    }
+
+    std::optional<QString> Input(const QString& text, const QString& title,
+                                 const QString& proposal) override {
+        m_shown.push_back({text + u'|' + proposal, title, BoxButtons::OkCancel});
+        const Expected expected = Next(m_shown.back().text);
+        return expected.answer == BoxAnswer::Ok ? std::optional(expected.path) : std::nullopt;
     }
 
 private:

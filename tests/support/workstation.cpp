@@ -35,6 +35,9 @@ public:
         throw std::runtime_error(text.toStdString());
     }
     QString OpenFile(const QString&, const QString&) override { return {}; }
+    std::optional<QString> Input(const QString&, const QString&, const QString&) override {
+        return std::nullopt;
+    }
 };
 
 void Create(Session& session, const QString& name, const std::string& master) {

@@ -162,6 +162,8 @@ TEST_F(FrmCreateFile, NewBrandIsLearntOnceAndAnEmptyOneIsNot) {
     enter("generic");
     EXPECT_EQ(brands(), before);
     enter("Quayside");
+    Click(run.Form("frmManufacturer"), "cmdExit");
+    form->activateWindow();
     enter("quayside 40");
     EXPECT_EQ(brands(), before + 1);
     Find<QLineEdit>(form, "txtMinimumPin")->setFocus();

@@ -1,0 +1,143 @@
+#include "pinning/frmManufacturer.h"
+
+#include "ui_frmManufacturer.h"
+#include "widgets/HelpContexts.h"
+
+#include <QFocusEvent>
+#include <QTimer>
+
+namespace quorrel {
+
+frmManufacturer::frmManufacturer(Session& session, const QString& brand)
+    : Form(session), ui(std::make_unique<Ui::frmManufacturer>()) {
+    ui->setupUi(this);
+    PlaceOnScreen(*this);
+    OfferHelp(help::kPinSizes, ui->cmdHelp);
+    for (int box = 0; box < 20; ++box)
+        m_sizes[static_cast<std::size_t>(box)] =
+            findChild<QLineEdit*>(QStringLiteral("%1_%2")
+                                      .arg(QLatin1String(box < 10 ? "txtBottom" : "txtTop"))
+                                      .arg(box % 10));
+    Guarded([&] {
+        FillBrands(brand);
+        BrandChosen();
+    });
+    WatchSizes();
+    ui->cmbLockBrand->installEventFilter(this);
+    On(ui->cmbLockBrand, &QComboBox::activated, [this] { BrandChosen(); });
+    On(ui->cmdRecord, &QPushButton::clicked, [this] { Save(); });
+    On(ui->Command1, &QPushButton::clicked, [this] { DeleteBrand(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+}
+
+frmManufacturer::~frmManufacturer() = default;
+
+void frmManufacturer::WatchSizes() {
+    for (int box = 0; box < 20; ++box) {
+        QLineEdit* field = m_sizes[static_cast<std::size_t>(box)];
+        On(field, &QLineEdit::textChanged, [this, box] { PointTyped(box); });
+        field->installEventFilter(this);
+    }
+}
+
+bool frmManufacturer::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == ui->cmbLockBrand && event->type() == QEvent::FocusOut) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            QTimer::singleShot(0, this, [this] { Guarded([this] { BrandLeft(); }); });
+        return false;
+    }
+    const auto box = std::find(m_sizes.begin(), m_sizes.end(), watched);
+    if (box != m_sizes.end() && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            if (const auto next = std::next(box); next != m_sizes.end())
+                (*next)->setFocus();
+            return true;
+        }
+    }
+    return Form::eventFilter(watched, event);
+}
+
+/// A point that closes a size goes on to the next box; from the last bottom pin it has always
+/// gone to the top pin of cut 1.
+void frmManufacturer::PointTyped(int box) {
+    QLineEdit* field = m_sizes[static_cast<std::size_t>(box)];
+    const QString text = field->text();
+    if (text.size() < 3 || !text.endsWith(u'.'))
+        return;
+    field->setText(text.chopped(1));
+    const auto next = static_cast<std::size_t>(box == 9 ? 11 : box + 1);
+    if (next < m_sizes.size())
+        m_sizes[next]->setFocus();
+}
+
+void frmManufacturer::FillBrands(const QString& shown) {
+    ui->cmbLockBrand->clear();
+    ui->cmbLockBrand->addItems(ListLockBrands(m_session));
+    ui->cmbLockBrand->setCurrentText(shown);
+}
+
+void frmManufacturer::ShowSizes(const PinSizes& sizes) {
+    for (std::size_t cut = 0; cut < 10; ++cut) {
+        m_sizes[cut]->setText(sizes.bottom[cut].trimmed());
+        m_sizes[10 + cut]->setText(sizes.top[cut].trimmed());
+    }
+}
+
+PinSizes frmManufacturer::TypedSizes() const {
+    PinSizes sizes;
+    const auto kept = [](const QString& text) {
+        return text.isEmpty() ? QStringLiteral(" ") : text;
+    };
+    for (std::size_t cut = 0; cut < 10; ++cut) {
+        sizes.bottom[cut] = kept(m_sizes[cut]->text());
+        sizes.top[cut] = kept(m_sizes[10 + cut]->text());
+    }
+    return sizes;
+}
+
+void frmManufacturer::BrandChosen() {
+    ShowSizes(FindPinSizes(m_session, ui->cmbLockBrand->currentText()).value_or(PinSizes()));
+}
+
+void frmManufacturer::BrandLeft() {
+    const QString brand = ui->cmbLockBrand->currentText();
+    if (m_closing || brand.trimmed().isEmpty())
+        return;
+    const auto known = FindPinSizes(m_session, brand);
+    ShowSizes(known ? *known : FindOrAddPinSizes(m_session, brand));
+    if (!known)
+        FillBrands(brand);
+}
+
+void frmManufacturer::Save() {
+    if (!m_session.SessionPermissions.CreateSystem)
+        return;
+    const QString brand = ui->cmbLockBrand->currentText();
+    const PinSizes typed = TypedSizes();
+    FindOrAddPinSizes(m_session, brand);
+    SavePinSizes(m_session, brand, typed);
+    BrandChosen();
+}
+
+void frmManufacturer::DeleteBrand() {
+    const QString brand = ui->cmbLockBrand->currentText();
+    if (!m_session.SessionPermissions.CreateSystem || !FindPinSizes(m_session, brand))
+        return;
+    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(brand),
+                                  m_session.ProgramTitle))
+        return;
+    DeleteLockBrand(m_session, brand);
+    FillBrands({});
+    ui->cmbLockBrand->setCurrentIndex(0);
+    BrandChosen();
+}
+
+bool frmManufacturer::Unloading() {
+    m_closing = true;
+    emit Closed();
+    return true;
+}
+
+} // namespace quorrel

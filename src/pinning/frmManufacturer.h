@@ -1,0 +1,48 @@
+#pragma once
+
+#include "pinning/PinSizes.h"
+#include "widgets/Form.h"
+
+#include <memory>
+
+class QLineEdit;
+
+namespace Ui {
+class frmManufacturer;
+}
+
+namespace quorrel {
+
+/// Keeps the pin sizes of each lock brand.
+class frmManufacturer : public Form {
+    Q_OBJECT
+
+public:
+    /// Comes up with the sizes of `brand`.
+    frmManufacturer(Session& session, const QString& brand);
+    ~frmManufacturer() override;
+
+signals:
+    void Closed();
+
+protected:
+    bool Unloading() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void WatchSizes();
+    void FillBrands(const QString& shown);
+    void ShowSizes(const PinSizes& sizes);
+    PinSizes TypedSizes() const;
+    void BrandChosen();
+    void BrandLeft();
+    void PointTyped(int box);
+    void Save();
+    void DeleteBrand();
+
+    std::unique_ptr<Ui::frmManufacturer> ui;
+    std::array<QLineEdit*, 20> m_sizes{}; ///< `txtBottom_0` to `_9`, then `txtTop_0` to `_9`
+    bool m_closing = false;
+};
+
+} // namespace quorrel

@@ -1,0 +1,93 @@
+#include "start/frmNetwork.h"
+
+#include "ui_frmNetwork.h"
+#include "widgets/HelpContexts.h"
+
+namespace quorrel {
+
+frmNetwork::frmNetwork(Session& session) : Form(session), ui(std::make_unique<Ui::frmNetwork>()) {
+    ui->setupUi(this);
+    PlaceOnScreen(*this);
+    OfferHelp(help::kNetwork, ui->cmdHelp);
+    Guarded([this] { ShowSettings(LoadNetworkSettings(m_session)); });
+    for (QRadioButton* option : {ui->optLocal, ui->optNetwork, ui->optLocalPer, ui->optNetworkPer})
+        On(option, &QRadioButton::clicked, [this] { ApplyOptions(); });
+    On(ui->cmdBrowse_0, &QPushButton::clicked, [this] {
+        Browse(ui->txtNetPath, tr("Key System Database"),
+               QStringLiteral("Key Databases (*.qv2)|*.qv2"));
+    });
+    On(ui->cmdBrowse_1, &QPushButton::clicked, [this] {
+        hide();
+        emit MapFolderWanted();
+    });
+    On(ui->cmdBrowsePer, &QPushButton::clicked, [this] {
+        Browse(ui->txtPersonelFile, tr("Personnel File"),
+               QStringLiteral("Access Database (*.mdb)|*.mdb"));
+    });
+    On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+}
+
+frmNetwork::~frmNetwork() = default;
+
+void frmNetwork::SetMapFolder(const QString& folder) {
+    ui->txtMapPath->setText(folder);
+}
+
+QString frmNetwork::MapFolder() const {
+    return ui->txtMapPath->text();
+}
+
+void frmNetwork::ShowSettings(const NetworkSettings& settings) {
+    ui->txtNetPath->setText(settings.networkPath);
+    ui->txtMapPath->setText(settings.mapFolder);
+    ui->txtPersonelFile->setText(settings.personnelFile);
+    ui->txtTable->setText(settings.personnelTable);
+    (settings.networked ? ui->optNetwork : ui->optLocal)->setChecked(true);
+    (settings.personnel ? ui->optNetworkPer : ui->optLocalPer)->setChecked(true);
+    ApplyOptions();
+}
+
+void frmNetwork::ApplyOptions() {
+    const bool local = ui->optLocal->isChecked();
+    if (local)
+        ui->txtNetPath->setText(LocalKeySystemPath(m_session));
+    ui->cmdBrowse_0->setEnabled(!local);
+    ui->txtNetPath->setEnabled(!local);
+    ui->lblNetPath->setEnabled(!local);
+    ui->txtPersonelFile->setEnabled(!ui->optLocalPer->isChecked());
+    ui->lblPersonelFile->setEnabled(!ui->optLocalPer->isChecked());
+}
+
+void frmNetwork::Browse(QLineEdit* field, const QString& title, const QString& filter) {
+    const QString path = m_session.boxes.OpenFile(title, filter);
+    if (!path.isEmpty())
+        field->setText(path);
+}
+
+void frmNetwork::Save() {
+    NetworkSettings settings;
+    settings.networked = ui->optNetwork->isChecked();
+    settings.networkPath = ui->txtNetPath->text();
+    settings.mapFolder = ui->txtMapPath->text();
+    settings.personnel = ui->optNetworkPer->isChecked();
+    settings.personnelFile = ui->txtPersonelFile->text();
+    settings.personnelTable = ui->txtTable->text();
+    const QStringList missing = MissingPaths(settings);
+    if (!missing.isEmpty() &&
+        !m_session.boxes.Confirms(tr("These paths cannot be found now:\n\n%1\n\nSave them all the "
+                                     "same?")
+                                      .arg(missing.join(u'\n')),
+                                  windowTitle()))
+        return;
+    SaveNetworkSettings(m_session, settings);
+    m_session.boxes.Message(tr("The settings are saved. They take effect at the next start."),
+                            windowTitle(), BoxButtons::Ok, BoxIcon::Information);
+}
+
+bool frmNetwork::Unloading() {
+    emit Closed();
+    return true;
+}
+
+} // namespace quorrel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "start/NetworkSettings.h"
+#include "widgets/Form.h"
+
+#include <memory>
+
+class QLineEdit;
+
+namespace Ui {
+class frmNetwork;
+}
+
+namespace quorrel {
+
+/// Edits where the key systems, the maps and the personnel file lie.
+class frmNetwork : public Form {
+    Q_OBJECT
+
+public:
+    explicit frmNetwork(Session& session);
+    ~frmNetwork() override;
+
+    void SetMapFolder(const QString& folder);
+    QString MapFolder() const;
+
+signals:
+    /// The folder picker is wanted; this form hides until it is done.
+    void MapFolderWanted();
+    void Closed();
+
+protected:
+    bool Unloading() override;
+
+private:
+    void ShowSettings(const NetworkSettings& settings);
+    void ApplyOptions();
+    void Browse(QLineEdit* field, const QString& title, const QString& filter);
+    void Save();
+
+    std::unique_ptr<Ui::frmNetwork> ui;
+};
+
+} // namespace quorrel
