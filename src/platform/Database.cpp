@@ -41,9 +41,10 @@ DatabaseError::Kind KindOf(int result) {
 }
 
 /// The engine's connection text. Its values end at a blank unless quoted.
-std::string ConnectionText(const QString& path, int busyTimeout) {
+std::string ConnectionText(const QString& path, int busyTimeout, bool readOnly) {
     const int seconds = (busyTimeout + 999) / 1000;
-    return "timeout=" + std::to_string(seconds) + " dbname=\"" + path.toStdString() + '"';
+    return std::string(readOnly ? "readonly=1 " : "") + "timeout=" + std::to_string(seconds) +
+           " dbname=\"" + path.toStdString() + '"';
 }
 
 /// A field on its way between the engine and a row: the engine knows no QString and no bool.
@@ -145,10 +146,10 @@ auto Database::Guarded(Action&& action) const {
     }
 }
 
-Database::Database(const QString& path, int busyTimeout)
+Database::Database(const QString& path, int busyTimeout, Access access)
     : m_path(path), m_engine(std::make_unique<Engine>()) {
     Guarded([&] {
-        m_engine->session.open(soci::sqlite3, ConnectionText(path, busyTimeout));
+        m_engine->session.open(soci::sqlite3, ConnectionText(path, busyTimeout, access == Access::ReadOnly));
         sqlite_api::sqlite3_busy_timeout(m_engine->Handle(), busyTimeout);
         m_engine->session << "PRAGMA synchronous = FULL";
         // Room for a whole large system, so that readers are shut out at the commit alone.
@@ -167,6 +168,12 @@ std::unique_ptr<Database> Database::Open(const QString& path, const FileKind& ki
     std::unique_ptr<Database> database(new Database(path, busyTimeout));
     database->Check(kind);
     return database;
+}
+
+std::unique_ptr<Database> Database::OpenForeign(const QString& path) {
+    if (!QFileInfo(path).isFile())
+        throw DatabaseError(DatabaseError::Kind::Missing, path);
+    return std::unique_ptr<Database>(new Database(path, kBusyTimeout, Access::ReadOnly));
 }
 
 void Database::Check(const FileKind& kind) {

@@ -28,6 +28,9 @@ public:
     static std::unique_ptr<Database> Open(const QString& path, const FileKind& kind,
                                           int busyTimeout = kBusyTimeout);
 
+    /// Opens a file that is not ours, for reading alone.
+    static std::unique_ptr<Database> OpenForeign(const QString& path);
+
     /// Makes a new file of a kind from the statements of its schema. The file must not exist.
     static std::unique_ptr<Database> Create(const QString& path, const FileKind& kind,
                                             const QString& schema);
@@ -56,7 +59,9 @@ private:
     friend class Transaction;
     struct Engine;
 
-    Database(const QString& path, int busyTimeout);
+    enum class Access { Full, ReadOnly };
+
+    Database(const QString& path, int busyTimeout, Access access = Access::Full);
     void Check(const FileKind& kind);
     template <class Action>
     auto Guarded(Action&& action) const;

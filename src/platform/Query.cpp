@@ -2,6 +2,13 @@
 
 namespace quorrel {
 
+std::string Query::Quoted(const std::string& name) {
+    std::string quoted = "\"";
+    for (const char c : name)
+        quoted += c == '"' ? "\"\"" : std::string(1, c);
+    return quoted + '"';
+}
+
 std::string Query::Bind(Value value) {
     m_values.push_back(std::move(value));
     return ":v" + std::to_string(m_values.size());

@@ -26,7 +26,8 @@ public:
     std::string Order() const;
     const std::vector<Value>& Values() const { return m_values; }
 
-    static std::string Quoted(const char* name) { return '"' + std::string(name) + '"'; }
+    /// A name as the engine takes it, whatever it is made of.
+    static std::string Quoted(const std::string& name);
 
 private:
     Query& Test(const char* column, const char* comparison, Value value);

@@ -45,6 +45,24 @@ void LoadSystemInfo(Session& session) {
     }
 }
 
+/// Opens the personnel file when look-up is on. A failure leaves look-up unavailable, no more.
+void OpenPersonnel(Session& session) {
+    session.PersonnelAvailable = false;
+    const SystemInfoRow& settings = session.SystemInfo;
+    if (!settings.personel)
+        return;
+    try {
+        const QString found = FindIgnoringCase(settings.PersonelFile);
+        auto personnel = Database::OpenForeign(found);
+        personnel->Number("SELECT COUNT(*) FROM " +
+                          Query::Quoted(settings.PersonelTable.toStdString()));
+        session.PersonnelDatabase = std::move(personnel);
+        session.PersonnelAvailable = true;
+    } catch (const DatabaseError&) {
+        // Whoever looks a person up is told.
+    }
+}
+
 } // namespace
 
 bool LoadStartupFiles(Session& session, QString& failure) {
@@ -64,6 +82,7 @@ bool LoadStartupFiles(Session& session, QString& failure) {
         failure = QString::fromUtf8(error.what());
         return false;
     }
+    OpenPersonnel(session);
     return true;
 }
 
