@@ -21,7 +21,7 @@ void Time(benchmark::State& state, Action&& action) {
 }
 
 void CreateLargest(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const FreshFolder folder;
         QuietSession program(folder.Path());
         Time(state, [&] { CreateKeySystem(program.session, LargestSystem()); });
@@ -53,7 +53,7 @@ void AddRows(BareFile& file, const char* table, const std::string& columns,
 void WriteSameRows(benchmark::State& state) {
     const auto systems = StoredRows("KeySystem", kSystemColumns);
     const auto patterns = StoredRows("Patterns", kPatternColumns);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const FreshFolder folder;
         BareFile file(folder.PathOf(kKeySystemFile));
         Time(state, [&] {

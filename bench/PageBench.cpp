@@ -35,7 +35,7 @@ void LoadPages(benchmark::State& state) {
     if (view.System().maxPage != kLargestPages)
         throw std::runtime_error("The open system is not the largest.");
     Pages pages;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         program.session.CurrentPage = pages.Next();
         view.LoadPageView();
     }
@@ -71,14 +71,14 @@ private:
 void TurnInWindow(benchmark::State& state) {
     MainForm form;
     Pages pages;
-    for (auto _ : state)
+    while (state.KeepRunning())
         form.Turn(pages.Next());
 }
 
 void QueryPages(benchmark::State& state) {
     BareFile file(LargestFolder().PathOf(kKeySystemFile));
     Pages pages;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const auto query = file.Prepare("SELECT * FROM \"Patterns\" WHERE \"SystemNumber\" = 1 AND "
                                         "\"PageNumber\" = ? AND \"Position\" < 104");
         sqlite3_bind_int(query.get(), 1, pages.Next());
@@ -90,7 +90,7 @@ void QueryPages(benchmark::State& state) {
 void ClickInWindow(benchmark::State& state) {
     MainForm form;
     int cell = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         // A step without common divisor brings each kind of cell to its turn.
         cell = (cell + 37) % kAllCells;
         form.Click(cell);
@@ -107,7 +107,7 @@ void PaintCells(benchmark::State& state) {
         grid.Cell(cell).ShowState(relations[static_cast<std::size_t>(cell)]);
     PaintWatch watch;
     watch.UntilPainted([&] { grid.show(); });
-    for (auto _ : state)
+    while (state.KeepRunning())
         grid.repaint();
 }
 

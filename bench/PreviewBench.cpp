@@ -16,7 +16,7 @@ namespace {
 
 void CountAndWrite(benchmark::State& state) {
     const SystemDefinition definition = LargestDefinition();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         const UsableKeys usable = CountUsableKeys(definition);
         for (std::size_t page = 0; page < usable.perPage.size(); ++page)
             benchmark::DoNotOptimize(PreviewLine(static_cast<int>(page) + 1, usable.perPage[page]));
@@ -58,20 +58,20 @@ private:
 
 void TypeInWindow(benchmark::State& state) {
     DefiningForm form;
-    for (auto _ : state)
+    while (state.KeepRunning())
         form.Type();
 }
 
 void TypeUntilPainted(benchmark::State& state) {
     DefiningForm form;
-    for (auto _ : state)
+    while (state.KeepRunning())
         form.TypeUntilPainted();
 }
 
 constexpr int kCombinations = 5 * 5 * 5 * 5 * 5 * 5 * 5;
 
 void RunOverCombinations(benchmark::State& state) {
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (int combination = 0; combination < kCombinations; ++combination)
             benchmark::DoNotOptimize(combination);
     }

@@ -23,7 +23,7 @@ const FreshFolder& FolderInUse() {
 template <Task task>
 void RunTasks(benchmark::State& state) {
     const QString folder = FolderInUse().Path();
-    for (auto _ : state)
+    while (state.KeepRunning())
         state.SetIterationTime(RunInChild(task, folder).seconds);
 }
 
