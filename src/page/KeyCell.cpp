@@ -5,8 +5,33 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPixmapCache>
 
 namespace quorrel {
+
+namespace {
+
+/// The picture of a state. There are few, and drawing their outlines takes longer than all else
+/// that a click on a cell does, so each is drawn once for a size.
+QPixmap PictureOf(int state, const QSize& size, double ratio) {
+    const QString name = QStringLiteral("KeyCell %1 %2x%3 %4")
+                             .arg(state)
+                             .arg(size.width())
+                             .arg(size.height())
+                             .arg(ratio);
+    QPixmap picture;
+    if (QPixmapCache::find(name, &picture))
+        return picture;
+    picture = QPixmap(size * ratio);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    PaintKey(painter, QRectF(QPointF(), size).adjusted(1, 0.5, -1, -0.5), LookOfState(state));
+    QPixmapCache::insert(name, picture);
+    return picture;
+}
+
+} // namespace
 
 KeyCell::KeyCell(int index, QWidget* parent) : QAbstractButton(parent), m_index(index) {
     setObjectName(QStringLiteral("ChgKey_%1").arg(index));
@@ -31,7 +56,7 @@ void KeyCell::paintEvent(QPaintEvent*) {
         painter.setBrush(glow);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
     }
-    PaintKey(painter, QRectF(rect()).adjusted(1, 0.5, -1, -0.5), LookOfState(m_shownState));
+    painter.drawPixmap(0, 0, PictureOf(m_shownState, size(), devicePixelRatioF()));
 }
 
 void KeyCell::keyPressEvent(QKeyEvent* event) {

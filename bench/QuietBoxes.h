@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Boxes.h"
+
+#include <stdexcept>
+
+namespace quorrel::bench {
+
+/// Nobody sits before the measured program: what only tells something is passed over. A question
+/// or a warning means that something else than planned is measured, and ends the run.
+class QuietBoxes : public Boxes {
+public:
+    BoxAnswer Message(const QString& text, const QString&, BoxButtons buttons,
+                      BoxIcon icon) override {
+        if (buttons != BoxButtons::Ok || icon == BoxIcon::Warning)
+            throw std::runtime_error("Unexpected box: " + text.toStdString());
+        return BoxAnswer::Ok;
+    }
+
+    QString OpenFile(const QString& title, const QString&) override {
+        throw std::runtime_error("Unexpected file dialog: " + title.toStdString());
+    }
+};
+
+} // namespace quorrel::bench
