@@ -20,6 +20,10 @@ public:
     QString OpenFile(const QString& title, const QString&) override {
         throw std::runtime_error("Unexpected file dialog: " + title.toStdString());
     }
+
+    std::optional<QString> Input(const QString& text, const QString&, const QString&) override {
+        throw std::runtime_error("Unexpected input box: " + text.toStdString());
+    }
 };
 
 } // namespace quorrel::bench
