@@ -1,11 +1,8 @@
-#include "engine/Enumeration.h"
 #include "engine/Patterns.h"
 #include "engine/Preview.h"
 #include "support/PlainEnumeration.h"
 
 #include <gtest/gtest.h>
-
-#include <map>
 
 namespace quorrel::test {
 namespace {
@@ -71,23 +68,6 @@ TEST(Enumeration, AgreesWithThePlainOneForSevenPins) {
     Compare({"3336669", 7, 2, 9, 3, 4});
     Compare({"9123456", 7, 4, 9, 2, 7});
     Compare({"9999999", 7, 0, 9, 1, 9});
-}
-
-TEST(Enumeration, RunTellsEachPageOnceAfterItsKeys) {
-    std::vector<int> ended;
-    std::map<int, int> keys;
-    const int pages = Enumeration({"31524", 5, 1, 5, 1, 9})
-                          .Run(
-                              [&](const EnumeratedKey& key) {
-                                  EXPECT_EQ(key.page, static_cast<int>(ended.size()) + 1);
-                                  ++keys[key.page];
-                              },
-                              [&](int page) { ended.push_back(page); });
-    EXPECT_EQ(pages, 16);
-    ASSERT_EQ(ended.size(), 16U);
-    EXPECT_EQ(ended.back(), 16);
-    for (const auto& [page, count] : keys)
-        EXPECT_EQ(count, 104) << "page " << page;
 }
 
 TEST(Enumeration, OtherPinCountsGiveNothing) {

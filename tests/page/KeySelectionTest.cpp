@@ -110,7 +110,7 @@ TEST_F(KeySelectionTest, CellsInWords) {
     EXPECT_EQ(DescribeCell(blank, 108, 15), "Grand Master 108, no key");
 }
 
-/// The master's neighbours 9 and 0 lie too far apart, twice.
+/// All neighbours in the master key lie too far apart.
 class MarkedSelectionTest : public KeySelectionTest {
 protected:
     MarkedSelectionTest() : KeySelectionTest("390906", 5) {}
@@ -127,7 +127,6 @@ TEST_F(MarkedSelectionTest, StatesAndWarningsOfNotRecommendedKeys) {
     }
     EXPECT_GT(marked, 10);
     EXPECT_LT(marked, 104);
-    // 390906: five pairs, of which 3-9, 9-0, 0-9, 9-0 and 0-6 all offend.
     EXPECT_EQ(page.Cell(107).tag, "390906 ");
     EXPECT_EQ(SelectKey(page, 0, true).states[107], 13 + 5 * 20);
     EXPECT_EQ(SelectKey(page, 0, true).states[108], 15);

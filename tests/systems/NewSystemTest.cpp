@@ -151,14 +151,6 @@ TEST(CreateKeySystem, ANameTakenMeanwhileIsRefused) {
     EXPECT_EQ(Recordset<PatternsRow>(program.session.Keys()).Count(), 4 * 104 + 1);
 }
 
-TEST(CreateKeySystem, TooManyPagesLeaveNothingBehind) {
-    TestProgram program;
-    NewSystem system = StandardSystem("Wide", "395172");
-    system.definition.increment = 1;
-    EXPECT_THROW(CreateKeySystem(program.session, system), PageLimitError);
-    EXPECT_TRUE(ListKeySystems(program.session).empty());
-}
-
 TEST(CreateKeySystem, NumbersAreNotGivenTwice) {
     TestProgram program;
     Session& session = program.session;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr qint64 kLargest = 256 * 104 + 256 + 64 + 16 + 4 + 1;
 
-/// The number of keys of each system, read as two workstations would: the list, then its rows.
+/// The number of keys of each system, read in two steps as the windows do.
 std::vector<qint64> KeysOfEach(Session& session) {
     std::vector<qint64> keys;
     for (const KeySystemRow& system : ListKeySystems(session))
