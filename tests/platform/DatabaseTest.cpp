@@ -26,8 +26,8 @@ void Write(const QString& path, const QByteArray& bytes) {
 /// The message of a failed opening as a key system file; the kind must be the expected one, and
 /// the folder must be as it was.
 QString FailureToOpen(const QString& path, DatabaseError::Kind kind) {
-    const QDir folder = QFileInfo(path).dir();
-    const QStringList names = folder.entryList(QDir::Files);
+    const QString folder = QFileInfo(path).path();
+    const QStringList names = QDir(folder).entryList(QDir::Files);
     const QByteArray before = QFileInfo(path).isFile() ? Bytes(path) : QByteArray();
     QString message;
     try {
@@ -38,7 +38,7 @@ QString FailureToOpen(const QString& path, DatabaseError::Kind kind) {
         EXPECT_EQ(error.kind(), kind) << error.what();
         message = QString::fromUtf8(error.what());
     }
-    EXPECT_EQ(folder.entryList(QDir::Files), names);
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files), names);
     EXPECT_EQ(QFileInfo(path).isFile() ? Bytes(path) : QByteArray(), before);
     EXPECT_TRUE(message.contains(QDir::toNativeSeparators(path))) << message.toStdString();
     return message;
@@ -85,6 +85,17 @@ TEST(DatabaseFile, OddPathsWork) {
             *Database::Open(QDir(folder).filePath(QLatin1String(kKeySystemFile)), kKeySystemKind))
             .Count(),
         4 * 104 + 1);
+}
+
+TEST(DatabaseFile, AQuotationMarkInAPathLeadsToNoOtherFile) {
+    TestProgram program;
+    const QString root = program.folder.path();
+    ASSERT_TRUE(QDir(root).mkpath("a b\"c"));
+    const QString path = root + "/a b\"c/copy.qv2";
+    ASSERT_TRUE(QFile::copy(program.PathOf(kKeySystemFile), path));
+    const QStringList names = QDir(root).entryList();
+    EXPECT_THROW(Database::Open(path, kKeySystemKind), DatabaseError);
+    EXPECT_EQ(QDir(root).entryList(), names);
 }
 
 TEST(DatabaseFile, AnExistingFileIsNeverMadeAnew) {
