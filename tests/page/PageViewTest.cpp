@@ -98,6 +98,7 @@ TEST_F(PageViewTest, CellsTakeTheRecordOfTheirRow) {
                    "KeyWay = 'C' WHERE PageNumber = 1 AND Position = 7",
                    {Value(QString(300, u'd') + "  ")});
     Change("Label = ' led by a blank', Description = NULL, KeyWay = NULL", 1, 8);
+    Change("Label = 'A label of more than twenty'", 1, 9);
     Change("Label = 'SYS'", 1, 107);
     AllKeysRow named;
     named.SystemNumber = program.session.ActiveSystemNumber;
@@ -115,6 +116,7 @@ TEST_F(PageViewTest, CellsTakeTheRecordOfTheirRow) {
     EXPECT_EQ(Cell(7).department, "Sales");
     EXPECT_EQ(Cell(7).date, "15/03/2026");
     EXPECT_FALSE(Cell(8).HasLabel());
+    EXPECT_EQ(Cell(9).keyLabel, "A label of more than");
     EXPECT_EQ(Cell(8).date, "");
     Turn(30);
     EXPECT_EQ(RightTrimmed(Cell(107).keyLabel), "SYS");
