@@ -50,7 +50,7 @@ bool IsDigits(std::string_view text, int count) {
 
 std::string NormalisedCuts(std::string_view text, int pins) {
     std::string cuts(text);
-    cuts.resize(static_cast<std::size_t>(pins), '0');
+    cuts.resize(static_cast<std::size_t>(std::max(pins, 0)), '0');
     std::replace(cuts.begin(), cuts.end(), ' ', '0');
     return cuts;
 }

@@ -83,7 +83,7 @@ void PageView::FillCell(int index, const PatternsRow& row, const std::string& cu
     const std::string tag = cuts.substr(0, static_cast<std::size_t>(m_system.pinCount) + 1);
     const QString label = RightTrimmed(row.Label);
     const QString description = RightTrimmed(row.Description);
-    cell.keyLabel = label;
+    cell.keyLabel = label.left(20);
     cell.keyway = Padded(row.KeyWay, 8);
     cell.description = description.left(250);
     cell.department = row.Department.left(34);

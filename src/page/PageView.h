@@ -13,7 +13,7 @@ namespace quorrel {
 
 /// One cell of the page in memory.
 struct PageCell {
-    QString keyLabel;    ///< right-trimmed when read; a blank first character: no label
+    QString keyLabel;    ///< up to 20 characters; a blank first character: no label
     QString keyway;      ///< up to 8 characters
     QString description; ///< up to 250 characters
     QString department;  ///< up to 34 characters

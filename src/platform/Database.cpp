@@ -148,6 +148,10 @@ auto Database::Guarded(Action&& action) const {
 
 Database::Database(const QString& path, int busyTimeout, Access access)
     : m_path(path), m_engine(std::make_unique<Engine>()) {
+    // The connection text has no way to write one: the engine would open, and make, another file.
+    if (path.contains(u'"'))
+        throw DatabaseError(DatabaseError::Kind::Other, path,
+                            QStringLiteral("Its path has a quotation mark."));
     Guarded([&] {
         m_engine->session.open(soci::sqlite3, ConnectionText(path, busyTimeout, access == Access::ReadOnly));
         sqlite_api::sqlite3_busy_timeout(m_engine->Handle(), busyTimeout);

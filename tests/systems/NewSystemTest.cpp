@@ -1,15 +1,173 @@
+#include "engine/Patterns.h"
+#include "engine/Preview.h"
+#include "store/DatabaseFiles.h"
+#include "store/DoorTables.h"
+#include "store/Scramble.h"
+#include "store/SystemTables.h"
 #include "support/TestProgram.h"
 
 #include "platform/Recordset.h"
-#include "store/SystemTables.h"
 
 namespace quorrel::test {
 namespace {
 
-TEST(NewSystem, WritesTheExampleSystems) {
+std::vector<PatternsRow> PatternsOf(Session& session, int systemID) {
+    return Recordset<PatternsRow>(session.Keys(),
+                                  Query().Where("SystemNumber", systemID).OrderBy("Serial"))
+        .Rows();
+}
+
+TEST(CheckNewSystem, RefusesWhatCannotBeCreated) {
     TestProgram program;
-    const KeySystemRow row = program.CreateAndOpen(StandardSystem("Six", "395172"));
-    EXPECT_EQ(ContentsOf(program.session, row.SystemID).keys, 64 * 104 + 64 + 16 + 4 + 1);
+    CreateKeySystem(program.session, StandardSystem("Town Hall", "2715"));
+    const auto refusal = [&](auto&& change) {
+        NewSystem system = StandardSystem("New", "395172");
+        change(system);
+        const auto refused = CheckNewSystem(program.session, system);
+        EXPECT_EQ(ListKeySystems(program.session).size(), 1U);
+        EXPECT_TRUE(!refused || !refused->text.isEmpty());
+        return refused ? std::optional(refused->field) : std::nullopt;
+    };
+    using Field = Refusal::Field;
+    EXPECT_EQ(refusal([](NewSystem&) {}), std::nullopt);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.name = ""; }), Field::Name);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.name = "   "; }), Field::Name);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.name = " town hall "; }), Field::Name);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.definition.pins = 3; }), Field::Pins);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.definition.pins = 5; }), Field::Master);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.definition.master = "39517x"; }), Field::Master);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.definition.master = " 95172"; }), Field::Master);
+    const auto angled = [](const char* angles) {
+        return [angles](NewSystem& s) {
+            s.type = SystemType::AngledCut;
+            s.special = QString::fromLatin1(angles);
+        };
+    };
+    EXPECT_EQ(refusal(angled("")), Field::Angle);
+    EXPECT_EQ(refusal(angled("12345")), Field::Angle);
+    EXPECT_EQ(refusal(angled("12345L")), Field::Angle);
+    EXPECT_EQ(refusal(angled("123456")), std::nullopt);
+    EXPECT_EQ(refusal([](NewSystem& s) { s.type = SystemType::ICCore23; }), Field::Control);
+    // Ten cuts, none of them the master's, on each of three positions: too many pages.
+    EXPECT_EQ(refusal([](NewSystem& s) { s.definition.increment = 1; }), Field::Master);
+    // The only cut of every position is the master's.
+    EXPECT_EQ(refusal([](NewSystem& s) { s.definition = Definition("444444", 4, 5, 4); }),
+              Field::MinimumPin);
+}
+
+TEST(CreateKeySystem, WritesTheKnownSystemsAsThePreviewCountsThem) {
+    TestProgram program;
+    for (const auto& [master, low, high, increment, rows] :
+         {std::tuple{"395172", 0, 9, 2, 64 * 104 + 64 + 16 + 4 + 1},
+          std::tuple{"31524", 1, 5, 1, 16 * 104 + 16 + 4 + 1},
+          std::tuple{"2715", 0, 9, 2, 4 * 104 + 1}}) {
+        NewSystem system = StandardSystem(QString::fromLatin1(master), master);
+        system.definition = Definition(master, low, high, increment);
+        const int id = CreateKeySystem(program.session, system).SystemID;
+        EXPECT_EQ(ContentsOf(program.session, id).keys, rows) << master;
+        std::vector<int> perPage(CountUsableKeys(system.definition).perPage.size(), 0);
+        for (const PatternsRow& row : PatternsOf(program.session, id))
+            if (!row.Master)
+                ++perPage.at(static_cast<std::size_t>(row.PageNumber - 1));
+        EXPECT_EQ(perPage, CountUsableKeys(system.definition).perPage) << master;
+    }
+}
+
+TEST(CreateKeySystem, StoresTheDefinitionAndEveryKeyOfIt) {
+    TestProgram program;
+    NewSystem system = StandardSystem(QString::fromUtf8(" \u00c9cole d'Art "), "31524");
+    system.address = "1, High Street";
+    system.lockBrand = "Quayside";
+    system.notes = "100%";
+    system.type = SystemType::ICCore23;
+    system.special = "24135";
+    system.definition = Definition("31524", 1, 5, 1, 3);
+    const int id = CreateKeySystem(program.session, system).SystemID;
+
+    const auto stored = ListKeySystems(program.session);
+    ASSERT_EQ(stored.size(), 1U);
+    EXPECT_EQ(stored[0].SystemID, id);
+    EXPECT_EQ(stored[0].SystemName, QString::fromUtf8("\u00c9cole d'Art"));
+    EXPECT_EQ(stored[0].Address, "1, High Street");
+    EXPECT_EQ(stored[0].LockBrand, "Quayside");
+    EXPECT_EQ(stored[0].Notes, "100%");
+    EXPECT_EQ(stored[0].SafetyFactor, 3);
+    EXPECT_EQ(stored[0].NumberOfPins, 5);
+    EXPECT_EQ(stored[0].PinIncrement, 1);
+    EXPECT_EQ(stored[0].MasterKey, Scrambled("31524"));
+    EXPECT_EQ(stored[0].MapFile, "");
+    EXPECT_EQ(stored[0].MapFileID, 0);
+
+    const auto rows = PatternsOf(program.session, id);
+    std::size_t next = 0;
+    GeneratePatterns(system.definition, system.type, "24135", [&](const Pattern& key) {
+        ASSERT_LT(next, rows.size());
+        const PatternsRow& row = rows[next++];
+        EXPECT_EQ(row.Cuts, Scrambled(QString::fromStdString(key.text)));
+        EXPECT_EQ(row.PageNumber, key.page);
+        EXPECT_EQ(row.Position, key.position);
+        EXPECT_EQ(row.Serial, static_cast<double>(key.serial));
+        EXPECT_EQ(row.Master, key.master);
+    });
+    EXPECT_EQ(next, rows.size());
+    EXPECT_EQ(rows.back().Position, 200);
+    for (const PatternsRow& row : {rows.front(), rows[700], rows.back()}) {
+        EXPECT_EQ(row.Label, QString(19, u' '));
+        EXPECT_EQ(row.Description, QString(16, u' '));
+        EXPECT_EQ(row.Department, QString(7, u' '));
+        EXPECT_EQ(row.KeyWay, QString(8, u' '));
+        EXPECT_EQ(row.AlphaCode, "");
+    }
+}
+
+TEST(CreateKeySystem, AFullDiskLeavesNothingBehind) {
+    TestProgram program;
+    Database& keys = program.session.Keys();
+    CreateKeySystem(program.session, StandardSystem("Old", "2715"));
+    const qint64 pages = keys.Number("PRAGMA page_count");
+    keys.Execute("PRAGMA max_page_count = " + std::to_string(pages + 40));
+    try {
+        CreateKeySystem(program.session, StandardSystem("Large", "3951728"));
+        ADD_FAILURE() << "Written to a full disk";
+    } catch (const DatabaseError& error) {
+        EXPECT_EQ(error.kind(), DatabaseError::Kind::Full);
+        EXPECT_NE(std::string(error.what()).find("no room left"), std::string::npos);
+    }
+    EXPECT_EQ(ListKeySystems(program.session).size(), 1U);
+    EXPECT_EQ(Recordset<PatternsRow>(keys).Count(), 4 * 104 + 1);
+    keys.Execute("PRAGMA max_page_count = 1000000");
+    EXPECT_EQ(CreateKeySystem(program.session, StandardSystem("Next", "2715")).SystemID, 2);
+    EXPECT_EQ(keys.Number("SELECT COUNT(*) FROM pragma_integrity_check WHERE "
+                          "integrity_check = 'ok'"),
+              1);
+}
+
+TEST(CreateKeySystem, ANameTakenMeanwhileIsRefused) {
+    TestProgram program;
+    CreateKeySystem(program.session, StandardSystem("Depot", "2715"));
+    EXPECT_THROW(CreateKeySystem(program.session, StandardSystem("DEPOT ", "31524")),
+                 NameTakenError);
+    EXPECT_EQ(ListKeySystems(program.session).size(), 1U);
+    EXPECT_EQ(Recordset<PatternsRow>(program.session.Keys()).Count(), 4 * 104 + 1);
+}
+
+TEST(CreateKeySystem, NumbersAreNotGivenTwice) {
+    TestProgram program;
+    Session& session = program.session;
+    const auto create = [&](const char* name) {
+        return CreateKeySystem(session, StandardSystem(QString::fromLatin1(name), "2715")).SystemID;
+    };
+    EXPECT_EQ(create("A"), 1);
+    EXPECT_EQ(create("B"), 2);
+    DeleteKeySystem(session, 1);
+    EXPECT_EQ(create("C"), 3);
+    // A system that is gone but has left a map keeps its number.
+    MapRow map;
+    map.MapID = 1;
+    map.SystemNumber = 3;
+    Recordset<MapRow>::Add(*Database::Open(program.PathOf(kMapFile), kMapKind), map);
+    DeleteKeySystem(session, 3);
+    EXPECT_EQ(create("D"), 4);
 }
 
 } // namespace

@@ -1,0 +1,68 @@
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+namespace quorrel::test {
+namespace {
+
+/// What the sources of a kind may include, as patterns of whole texts.
+struct Rule {
+    const char* name;
+    QString files;    ///< relative to src, such as "store/Session.h"
+    QString includes; ///< with angle brackets or quotation marks
+    int atLeast;      ///< includes to be seen, so that a rule cannot come to match nothing
+};
+
+const QString kLanguage = "<[a-z_]+>";
+/// Qt without a window: the headers of its Core module that are of use here.
+const QString kCore =
+    kLanguage + "|<Q(String|StringList|DateTime|Date|Time|RandomGenerator|Dir|File|FileInfo|Locale|"
+                "RegularExpression|Process|Settings|StandardPaths|RectF|SizeF|PointF|Set|Hash|Map|"
+                "List|Char|ByteArray|Thread|TextStream|TemporaryFile|Url|Collator)>";
+
+const Rule kRules[] = {
+    {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},
+    {"platform", "platform/.*", kCore + "|<soci/.*|\"platform/.*", 20},
+    {"store", "store/.*", kCore + "|\"(store|platform|engine)/.*", 20},
+    // A room's logic begins with a capital; the page's grid and its cells are windows.
+    {"logic", "(?!engine|platform|store|widgets|app)[a-z]+/(?!KeyCell|PageGrid)[A-Z].*",
+     kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
+    {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
+    {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};
+
+bool Fits(const QString& text, const QString& pattern) {
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
+}
+
+TEST(Architecture, IncludesPointDownOnly) {
+    const QDir root(QStringLiteral(QUORREL_SOURCES "/src"));
+    const QRegularExpression include(R"(^\s*#\s*include\s*([<"][^>"]+[>"]))",
+                                     QRegularExpression::MultilineOption);
+    for (const Rule& rule : kRules) {
+        int seen = 0;
+        QDirIterator files(root.path(), {"*.h", "*.cpp"}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            const QString name = root.relativeFilePath(file.fileName());
+            if (!Fits(name, rule.files))
+                continue;
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            const QString own = u'"' + name.left(name.lastIndexOf(u'.')) + ".h\"";
+            auto matches = include.globalMatch(QString::fromUtf8(file.readAll()));
+            while (matches.hasNext()) {
+                const QString target = matches.next().captured(1);
+                ++seen;
+                EXPECT_TRUE(target == own || Fits(target, rule.includes))
+                    << rule.name << ": " << name.toStdString() << " includes "
+                    << target.toStdString();
+            }
+        }
+        EXPECT_GE(seen, rule.atLeast) << rule.name;
+    }
+}
+
+} // namespace
+} // namespace quorrel::test
