@@ -2,7 +2,6 @@
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
 #include "support/TestProgram.h"
-#include "systems/LockBrands.h"
 
 #include "platform/Recordset.h"
 
@@ -119,31 +118,6 @@ TEST_F(OpenSystemTest, SetsNumbersAndPage) {
     EXPECT_EQ(program.session.MapFilingNumber, 1);
     EXPECT_FALSE(OpenSelectedSystem(program.session, "B"));
     EXPECT_EQ(program.session.ActiveSystemNumber, 1);
-}
-
-TEST(LockBrands, ABrandIsKnownWhenOneNameBeginsTheOther) {
-    TestProgram program;
-    Session& session = program.session;
-    Recordset<ManufacturerRow>(session.Keys()).DeleteAll();
-    EXPECT_TRUE(LearnLockBrand(session, "HARBOUR"));
-    for (const char* known : {"harbour", "Harb", "Harbour Light", "h", ""})
-        EXPECT_FALSE(LearnLockBrand(session, known)) << known;
-    EXPECT_TRUE(LearnLockBrand(session, "Quayside"));
-    EXPECT_TRUE(LearnLockBrand(session, "  Hidden"));
-    EXPECT_EQ(ListLockBrands(session), (QStringList{"HARBOUR", "Quayside"}));
-    const auto brand = Recordset<ManufacturerRow>(session.Keys()).First();
-    EXPECT_EQ(brand->Bottom0, " ");
-    EXPECT_EQ(brand->Top9, " ");
-}
-
-TEST(LockBrands, AnEmptyBrandIsAddedToAnEmptyTableOnly) {
-    TestProgram program;
-    Session& session = program.session;
-    EXPECT_FALSE(LearnLockBrand(session, ""));
-    Recordset<ManufacturerRow>(session.Keys()).DeleteAll();
-    EXPECT_TRUE(LearnLockBrand(session, ""));
-    EXPECT_EQ(Recordset<ManufacturerRow>(session.Keys()).Count(), 1);
-    EXPECT_TRUE(ListLockBrands(session).empty());
 }
 
 } // namespace
