@@ -51,6 +51,7 @@ private:
     void ShowSpecialCuts();
     void ApplyLevelCaptions();
     void BuildLegend();
+    void SetFonts();
     void WatchMenu();
     void AddShortcuts();
     void LoadDepartmentList();
