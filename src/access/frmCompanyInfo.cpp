@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/Recordset.h"
 #include "ui_frmCompanyInfo.h"
+#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
 
 #include <QPixmap>
@@ -52,9 +53,7 @@ void frmCompanyInfo::ShowLogo() {
     if (IsLogo(ui->txtPicPath->text()))
         logo.load(FindIgnoringCase(ui->txtPicPath->text()));
     const QSize room(400, 90);
-    if (logo.width() > room.width() || logo.height() > room.height())
-        logo = logo.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    ui->imgLogo->setPixmap(logo);
+    ui->imgLogo->setPixmap(FittedPicture(logo, room, devicePixelRatioF()));
 }
 
 void frmCompanyInfo::ShowPolicyLength() {

@@ -4,6 +4,7 @@
 #include "page/KeyCell.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
@@ -14,8 +15,19 @@ namespace quorrel {
 namespace {
 
 /// Pixels a twip: the least, and the most in the compact layout, which stays a compact one.
-constexpr double kLeastScale = 0.1;
+constexpr double kLeastScale = 0.09;
 constexpr double kMostCompactScale = 0.15;
+
+/// The place of the card under a block, the cells of one column and group.
+QRectF CardPlace(PageLayout layout, int column, int group) {
+    const int first = 20 * column + 5 * group;
+    // In the column of the line masters the fifth cell is the area master, which stands elsewhere.
+    const int last = first + (column < 4 ? 4 : 3);
+    const QRectF cell = CellPlace(layout, first);
+    const double aside = 0.14 * cell.width();
+    const double above = 0.2 * cell.height();
+    return cell.united(CellPlace(layout, last)).adjusted(-aside, -above, aside, above);
+}
 
 } // namespace
 
@@ -45,15 +57,38 @@ void PageGrid::resizeEvent(QResizeEvent*) {
     PlaceCells();
 }
 
-void PageGrid::PlaceCells() {
+QTransform PageGrid::Placing() const {
     const QSizeF frame = PageFrameSize(m_layout);
     double scale = std::min(width() / frame.width(), height() / frame.height());
     if (m_layout == PageLayout::Compact)
         scale = std::min(scale, kMostCompactScale);
-    const QPointF origin((width() - frame.width() * scale) / 2, 0);
-    for (KeyCell* cell : m_cells) {
-        const QRectF place = CellPlace(m_layout, cell->Index());
-        cell->setGeometry(QRectF(origin + place.topLeft() * scale, place.size() * scale).toRect());
+    return QTransform::fromScale(scale, scale) *
+           QTransform::fromTranslate((width() - frame.width() * scale) / 2, 0);
+}
+
+void PageGrid::PlaceCells() {
+    const QTransform placing = Placing();
+    for (KeyCell* cell : m_cells)
+        cell->setGeometry(placing.mapRect(CellPlace(m_layout, cell->Index())).toRect());
+    update();
+}
+
+/// Lays a card under each block, so that the eye finds the four by four blocks of the page.
+void PageGrid::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QColor edge = palette().color(QPalette::WindowText);
+    edge.setAlphaF(0.14F);
+    painter.setPen(edge);
+    const QTransform placing = Placing();
+    for (int column = 0; column < 5; ++column) {
+        QColor card = palette().color(QPalette::Base);
+        card.setAlphaF(column < 4 ? 1.0F : 0.5F);
+        painter.setBrush(card);
+        for (int group = 0; group < 4; ++group) {
+            const QRectF place = placing.mapRect(CardPlace(m_layout, column, group));
+            painter.drawRoundedRect(QRectF(place.toRect()).translated(0.5, 0.5), 4, 4);
+        }
     }
 }
 

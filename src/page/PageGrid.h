@@ -3,6 +3,7 @@
 #include "engine/PageGeometry.h"
 #include "page/CellLayout.h"
 
+#include <QTransform>
 #include <QWidget>
 
 #include <array>
@@ -31,10 +32,13 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:
+    /// How the figures of the layout come onto the widget.
+    QTransform Placing() const;
     void PlaceCells();
     KeyCell* Neighbour(const KeyCell& from, int key) const;
 

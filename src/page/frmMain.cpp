@@ -8,13 +8,17 @@
 #include "platform/Text.h"
 #include "store/DoorTables.h"
 #include "ui_frmMain.h"
+#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/KeyPainter.h"
 
+#include <QFontDatabase>
 #include <QPainter>
 #include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace quorrel {
 
@@ -29,6 +33,7 @@ frmMain::frmMain(Session& session)
     ui->cmbDepartment->lineEdit()->setReadOnly(true);
     ui->cmdPinning->setEnabled(false);
     ui->cmdPrintPage->setEnabled(false);
+    SetFonts();
     BuildLegend();
     WatchMenu();
     On(ui->grdPage, &PageGrid::CellClicked, [this](int cell) { ClickCell(cell); });
@@ -54,6 +59,21 @@ frmMain::frmMain(Session& session)
 }
 
 frmMain::~frmMain() = default;
+
+void frmMain::SetFonts() {
+    QFont bold = font();
+    bold.setBold(true);
+    ui->lblSystem->setFont(bold);
+    QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    digits.setPointSizeF(font().pointSizeF() * 1.15);
+    digits.setBold(true);
+    ui->lblCuts->setFont(digits);
+    // Room for the caption that stands out, so that the columns stay where they are.
+    int widest = 0;
+    for (const LevelLabels& level : Levels())
+        widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(level.caption->text()));
+    ui->layout8->setColumnMinimumWidth(0, widest);
+}
 
 void frmMain::WatchMenu() {
     On(ui->mnuFileNew, &QAction::triggered, [this] {
@@ -190,11 +210,7 @@ void frmMain::LoadLogo() {
     const QString& path = m_session.Company.CompanyLogo;
     if (IsLogo(path))
         logo.load(FindIgnoringCase(path));
-    const QSize room = ui->picQV->maximumSize();
-    if (!logo.isNull())
-        logo =
-            logo.scaled(room.boundedTo(logo.size()), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    ui->picQV->setPixmap(logo);
+    ui->picQV->setPixmap(FittedPicture(logo, ui->picQV->maximumSize(), devicePixelRatioF()));
     ui->picQV->setVisible(!logo.isNull());
 }
 
@@ -350,8 +366,10 @@ void frmMain::ShowLevels(const KeySelection& selection) {
         QFont font = ui->Label37->font();
         font.setBold(highlight);
         QPalette palette = ui->Label37->palette();
+        const bool dark = palette.color(QPalette::Window).lightness() < 128;
         if (highlight)
-            palette.setColor(QPalette::WindowText, QColor(255, 0, 0));
+            palette.setColor(QPalette::WindowText,
+                             dark ? QColor(255, 110, 110) : QColor(255, 0, 0));
         levels[level].caption->setFont(font);
         levels[level].caption->setPalette(palette);
     }

@@ -53,6 +53,7 @@ private:
     void ShowSpecialCuts();
     void ApplyLevelCaptions();
     void BuildLegend();
+    void SetFonts();
     void WatchMenu();
     void AddShortcuts();
     void LoadDepartmentList();

@@ -9,6 +9,7 @@
 #include "widgets/HelpContexts.h"
 
 #include <QButtonGroup>
+#include <QFontDatabase>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -24,6 +25,8 @@ frmCreateFile::frmCreateFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmCreateFile>()) {
     ui->setupUi(this);
     ui->txtLockBrand->lineEdit()->setMaxLength(255);
+    // The lines are filled up with blanks to stand in columns.
+    ui->List1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     PlaceOnScreen(*this);
     OfferHelp(help::kCreateSystem, ui->cmdHelp);
     ui->cmdCreate->setEnabled(session.SessionPermissions.CreateSystem);
@@ -71,7 +74,10 @@ bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
         if (field == ui->txtMinimumPin)
             Guarded([this] { FillBrands(); });
         // After the field's own handling of the click that brought the focus.
-        QTimer::singleShot(0, field, &QLineEdit::selectAll);
+        QTimer::singleShot(0, field, [field] {
+            if (field->hasFocus())
+                field->selectAll();
+        });
     }
     // A window that loses the focus, or a list that drops down, does not leave the field.
     if (watched == ui->txtLockBrand && event->type() == QEvent::FocusOut) {

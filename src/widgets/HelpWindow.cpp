@@ -5,11 +5,34 @@
 #include <QListWidget>
 #include <QSplitter>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace quorrel {
+
+namespace {
+
+/// Gives the tables of a text thin lines and room, which Markdown has no words for.
+void SetTables(QTextDocument& text, const QColor& lines) {
+    for (QTextFrame* frame : text.rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (!table)
+            continue;
+        QTextTableFormat format = table->format();
+        format.setBorderCollapse(true);
+        format.setBorder(1);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(lines);
+        format.setCellPadding(5);
+        format.setTopMargin(4);
+        format.setBottomMargin(10);
+        table->setFormat(format);
+    }
+}
+
+} // namespace
 
 HelpWindow::HelpWindow(const QString& helpFile)
     : m_topics(ReadHelpTopics(helpFile)), m_search(new QLineEdit), m_list(new QListWidget),
@@ -38,7 +61,7 @@ HelpWindow::HelpWindow(const QString& helpFile)
     splitter->setSizes({240, 560});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
-    resize(820, 560);
+    resize(900, 620);
 
     if (m_topics.empty())
         m_text->setPlainText(tr("The help file %1 cannot be found.").arg(helpFile));
@@ -82,8 +105,13 @@ void HelpWindow::FilterTopics(const QString& words) {
 }
 
 void HelpWindow::ShowRow(int row) {
-    if (row >= 0)
-        m_text->setMarkdown(m_topics[static_cast<std::size_t>(row)].text);
+    if (row < 0)
+        return;
+    m_text->setMarkdown(m_topics[static_cast<std::size_t>(row)].text);
+    m_text->document()->setDocumentMargin(14);
+    QColor lines = m_text->palette().color(QPalette::Text);
+    lines.setAlphaF(0.35F);
+    SetTables(*m_text->document(), lines);
 }
 
 void HelpWindow::ComeUp() {

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QTransform>
 
 #include <algorithm>
 #include <array>
@@ -25,6 +26,17 @@ QColor ColourOf(int relation) {
 constexpr double kWidth = 15;
 constexpr double kHeight = 7;
 
+/// Joining paths turns curves into lines of a length that suits whole units. So the key is put
+/// together this much larger than it is drawn from, and its bow stays round at any size.
+constexpr double kFineness = 100;
+
+QPainterPath Joined(const QPainterPath& path, const QPainterPath& other, bool add) {
+    const QTransform up = QTransform::fromScale(kFineness, kFineness);
+    const QPainterPath whole =
+        add ? up.map(path).united(up.map(other)) : up.map(path).subtracted(up.map(other));
+    return up.inverted().map(whole);
+}
+
 /// The key in a field of 15 x 7 units, its cuts upwards.
 QPainterPath Outline() {
     QPainterPath blade;
@@ -39,7 +51,7 @@ QPainterPath Outline() {
     blade.closeSubpath();
     QPainterPath bow;
     bow.addEllipse(QPointF(3.3, 3.5), 2.9, 2.9);
-    return bow.united(blade);
+    return Joined(bow, blade, true);
 }
 
 } // namespace
@@ -65,16 +77,16 @@ void PaintKey(QPainter& painter, const QRectF& bounds, const KeyLook& look) {
         return;
     }
     static const QPainterPath outline = Outline();
-    static const QPainterPath hole = [] {
-        QPainterPath path;
-        path.addEllipse(QPointF(2.3, 3.5), 0.9, 0.9);
-        return path;
+    static const QPainterPath pierced = [] {
+        QPainterPath hole;
+        hole.addEllipse(QPointF(2.3, 3.5), 0.9, 0.9);
+        return Joined(outline, hole, false);
     }();
     QPen pen(look.colour, 0.8);
     pen.setJoinStyle(Qt::RoundJoin);
     painter.setPen(pen);
     painter.setBrush(look.filled ? QBrush(look.colour) : QBrush(Qt::NoBrush));
-    painter.drawPath(look.filled ? outline.subtracted(hole) : outline);
+    painter.drawPath(look.filled ? pierced : outline);
     if (look.notRecommended) {
         painter.setPen(QPen(QColor(0x14, 0x6e, 0xff), 1.1));
         painter.drawLine(QPointF(0.6, 6.5), QPointF(14.4, 6.5));

@@ -1,0 +1,280 @@
+#include "Tour.h"
+
+#include "engine/CellStates.h"
+#include "engine/PageGeometry.h"
+#include "page/KeyCell.h"
+#include "page/PageGrid.h"
+#include "widgets/HelpContexts.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QScrollBar>
+
+#include <map>
+#include <optional>
+
+namespace quorrel::tour {
+
+namespace {
+
+/// A cell to click and what the page must then show: the number of cells in each relation, and
+/// the caption that stands out.
+struct Look {
+    const char* name;
+    int cell;
+    int subKeys, mastersAbove, mastersBelow;
+    const char* caption;
+};
+
+constexpr Look kSixPins[] = {{"change-key", 0, 0, 8, 0, nullptr},
+                             {"block-master", 4, 4, 6, 0, "lblBlockMaster"},
+                             {"line-master", 80, 4, 5, 0, "lblLineMaster"},
+                             {"area-master", 84, 16, 4, 8, "lblAreaMaster"},
+                             {"column-master", 100, 16, 4, 4, "lblColumnMaster"},
+                             {"page-master", 104, 64, 3, 40, "lblPageMaster"},
+                             {"base-master", 105, 64, 2, 41, "lblBaseMaster"},
+                             {"group-master", 106, 64, 1, 42, "lblGroupMaster"},
+                             {"grand-master", 107, 64, 0, 43, "lblSystemMaster"}};
+constexpr Look kSevenPins[] = {{"seven-change-key", 63, 0, 9, 0, nullptr},
+                               {"seven-system-master", 107, 64, 1, 43, "lblSystemMaster"},
+                               {"seven-grand-master", 108, 64, 0, 44, "lblGrandMaster"}};
+
+QString NameOf(int cell) {
+    return QStringLiteral("ChgKey_%1").arg(cell);
+}
+
+int StateOf(Walker& walker, int cell) {
+    return walker.Find<KeyCell>(NameOf(cell)).ShownState();
+}
+
+void CheckRelations(Walker& walker, const Look& look) {
+    std::map<int, int> cells;
+    for (int cell = 0; cell < kAllCells; ++cell)
+        if (StateOf(walker, cell) != cellstate::kBlank)
+            ++cells[StateOf(walker, cell) % 10];
+    const auto expect = [&](int relation, int count) {
+        walker.Check(cells[relation] == count, QStringLiteral("%1: %2 cells in relation %3, not %4")
+                                                   .arg(QLatin1String(look.name))
+                                                   .arg(cells[relation])
+                                                   .arg(relation)
+                                                   .arg(count));
+    };
+    expect(cellstate::kActive, 1);
+    expect(cellstate::kSub, look.subKeys);
+    expect(cellstate::kPreMaster, look.mastersAbove);
+    expect(cellstate::kSubMaster, look.mastersBelow);
+    walker.Check(StateOf(walker, look.cell) % 10 == cellstate::kActive,
+                 QStringLiteral("%1 is not the selected cell").arg(NameOf(look.cell)));
+}
+
+void CheckCaption(Walker& walker, const Look& look) {
+    for (const char* level :
+         {"Grand", "System", "Group", "Base", "Page", "Block", "Area", "Line", "Column"}) {
+        const QString name = QStringLiteral("lbl%1Master").arg(QLatin1String(level));
+        const bool bold = walker.Find<QLabel>(name).font().bold();
+        walker.Check(bold == (name == QLatin1String(look.caption)),
+                     QStringLiteral("%1 %2").arg(name, bold ? "stands out" : "does not stand out"));
+    }
+}
+
+/// Clicks a cell. A key of the page that is not recommended says so first; the levels above are
+/// not marked themselves.
+void Select(Walker& walker, const Look& look) {
+    if (look.cell < kFirstLevelCell && StateOf(walker, look.cell) >= cellstate::kNotRecommended)
+        walker.ExpectBox(QStringLiteral("This Pattern is Not Recomended"), QMessageBox::Ok,
+                         QStringLiteral("warning-") + QLatin1String(look.name));
+    walker.Click(NameOf(look.cell));
+    CheckRelations(walker, look);
+    CheckCaption(walker, look);
+    walker.Picture(QStringLiteral("page-") + QLatin1String(look.name));
+}
+
+void ShowLayouts(Walker& walker) {
+    walker.Enter("frmMain");
+    const auto& grid = walker.Find<PageGrid>(QStringLiteral("grdPage"));
+    const auto& cell = walker.Find<KeyCell>(NameOf(0));
+    walker.Check(walker.Find(QStringLiteral("Picture1_0")).isVisible(),
+                 QStringLiteral("The page is not shown compact first"));
+    const int compact = cell.width();
+    walker.Picture(QStringLiteral("page-compact"));
+    walker.Click(QStringLiteral("Picture1_0"));
+    walker.Check(cell.width() > compact, QStringLiteral("The cells do not grow"));
+    walker.Check(grid.rect().contains(walker.Find<KeyCell>(NameOf(79)).geometry()),
+                 QStringLiteral("The large page does not fit its frame"));
+    walker.Picture(QStringLiteral("page-large"));
+}
+
+void ShowLegend(Walker& walker) {
+    const auto& legend = walker.Find<QGroupBox>(QStringLiteral("frmLegend"));
+    walker.Click(QStringLiteral("cmdLegend"));
+    walker.Check(legend.isVisible(), QStringLiteral("The legend does not come"));
+    walker.Picture(QStringLiteral("page-legend"));
+    walker.Click(QStringLiteral("cmdLegend"));
+    walker.Check(!legend.isVisible(), QStringLiteral("The legend does not go"));
+}
+
+void SelectKinds(Walker& walker) {
+    walker.Check(!walker.Find(QStringLiteral("lblGrandMaster")).isVisible(),
+                 QStringLiteral("Six pins show the level of seven"));
+    walker.CheckText(QStringLiteral("lblSystemMaster"), QStringLiteral("Grand Master"));
+    for (const Look& look : kSixPins)
+        Select(walker, look);
+    walker.Check(walker.TextOf(QStringLiteral("lblCuts")).trimmed() == QStringLiteral("395172"),
+                 QStringLiteral("The grand master has the cuts \"%1\"")
+                     .arg(walker.TextOf(QStringLiteral("lblCuts"))));
+}
+
+void SelectNotRecommended(Walker& walker) {
+    std::optional<int> found;
+    for (int cell = 0; cell < kPageCells && !found; ++cell)
+        if (!IsMasterPosition(cell) && StateOf(walker, cell) >= cellstate::kNotRecommended)
+            found = cell;
+    walker.Check(found.has_value(), QStringLiteral("No key of the page exceeds the safety factor"));
+    Select(walker, {"not-recommended", *found, 0, 8, 0, nullptr});
+    walker.CheckContains(QStringLiteral("lblCuts"), QStringLiteral("*"));
+}
+
+void MoveByArrows(Walker& walker) {
+    walker.Click(NameOf(0));
+    walker.Find<KeyCell>(NameOf(0)).setFocus();
+    walker.Press(NameOf(0), Qt::Key_Down);
+    walker.CheckFocus(NameOf(1));
+    walker.Picture(QStringLiteral("page-arrow-focus"));
+    if (StateOf(walker, 1) >= cellstate::kNotRecommended)
+        walker.ExpectBox(QStringLiteral("This Pattern is Not Recomended"), QMessageBox::Ok,
+                         QStringLiteral("warning-enter"));
+    walker.Press(NameOf(1), Qt::Key_Return);
+    walker.Check(StateOf(walker, 1) % 10 == cellstate::kActive,
+                 QStringLiteral("Enter does not select the key"));
+}
+
+void TurnPages(Walker& walker) {
+    walker.Click(NameOf(104));
+    const QString first = walker.TextOf(QStringLiteral("lblCuts"));
+    walker.Press(Qt::Key_PageDown);
+    walker.CheckText(QStringLiteral("lblCurrentPage"), QStringLiteral("2"));
+    const QString second = walker.TextOf(QStringLiteral("lblCuts"));
+    walker.Check(second != first, QStringLiteral("Page 2 has the page master %1 too").arg(first));
+    walker.Picture(QStringLiteral("page-two"));
+    walker.Press(QStringLiteral("scrlPage"), Qt::Key_End);
+    walker.CheckText(QStringLiteral("lblCurrentPage"), QStringLiteral("64"));
+    walker.Picture(QStringLiteral("page-last"));
+    walker.Press(QStringLiteral("scrlPage"), Qt::Key_Home);
+    walker.CheckText(QStringLiteral("lblCuts"), first);
+}
+
+void ShowSevenPins(Walker& walker) {
+    walker.Enter("frmMain");
+    walker.Check(walker.Find(QStringLiteral("lblGrandMaster")).isVisible(),
+                 QStringLiteral("Seven pins lack their uppermost level"));
+    walker.CheckText(QStringLiteral("lblSystemMaster"), QStringLiteral("System Master"));
+    walker.Click(QStringLiteral("Picture1_0"));
+    for (const Look& look : kSevenPins)
+        Select(walker, look);
+}
+
+void ReadHelp(Tour& tour) {
+    tour.walker.Enter("frmMain");
+    CheckHelp(tour, "frmMain", help::kMainPage, QStringLiteral("help-main-page"));
+}
+
+void SearchHelp(Walker& walker) {
+    walker.ChooseFromMenu("mnuHelp", "mnuHelpIndex");
+    walker.Enter("frmHelp");
+    const auto& list = walker.Find<QListWidget>(QStringLiteral("lstTopics"));
+    const auto shown = [&] {
+        int count = 0;
+        for (int row = 0; row < list.count(); ++row)
+            count += list.item(row)->isHidden() ? 0 : 1;
+        return count;
+    };
+    const int all = shown();
+    walker.Picture(QStringLiteral("help-welcome"));
+    walker.Type(QStringLiteral("txtSearch"), QStringLiteral("safety factor"));
+    walker.Check(shown() > 0 && shown() < all,
+                 QStringLiteral("The search shows %1 of %2 topics").arg(shown()).arg(all));
+    walker.Picture(QStringLiteral("help-search"));
+    walker.Press(Qt::Key_Escape);
+    walker.ExpectGone("frmHelp");
+    walker.Enter("frmMain");
+}
+
+/// Each topic as the window renders it.
+void ReadAllTopics(Walker& walker) {
+    walker.ChooseFromMenu("mnuHelp", "mnuHelpContents");
+    walker.Enter("frmHelp");
+    const auto& list = walker.Find<QListWidget>(QStringLiteral("lstTopics"));
+    for (int row = 0; row < list.count(); ++row) {
+        const QString title = list.item(row)->text();
+        walker.Check(list.currentRow() == row,
+                     QStringLiteral("The arrow does not reach \"%1\"").arg(title));
+        walker.Check(walker.TextOf(QStringLiteral("txtTopic")).startsWith(title),
+                     QStringLiteral("\"%1\" is not shown").arg(title));
+        walker.Picture(QStringLiteral("help-topic-%1").arg(row + 1));
+        walker.Press(QStringLiteral("lstTopics"), Qt::Key_Down);
+    }
+    walker.Press(Qt::Key_Escape);
+    walker.ExpectGone("frmHelp");
+    walker.Enter("frmMain");
+}
+
+void ShowAbout(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.ChooseFromMenu("mnuHelp", "mnuHelpAbout");
+    walker.Enter("frmAbout");
+    walker.ExpectGone("frmMain");
+    walker.CheckText(QStringLiteral("lblVersion"), QStringLiteral("Version " QUORREL_VERSION));
+    walker.Picture(QStringLiteral("about"));
+    CheckHelp(tour, "frmAbout", help::kAbout);
+    walker.Click(QStringLiteral("cmdOK"));
+    walker.ExpectGone("frmAbout");
+    walker.Enter("frmMain");
+}
+
+void ChangeCompany(Walker& walker) {
+    walker.ChooseFromMenu("mnuUsers", "mnuCompanyInfo");
+    walker.Enter("frmCompanyInfo");
+    walker.CheckText(QStringLiteral("txtCompanyName"), QStringLiteral("Harbour Lock & Safe"));
+    walker.CheckContains(QStringLiteral("txtKeyPolicy"), QStringLiteral("the same day"));
+    walker.Click(QStringLiteral("cmdSave"));
+    walker.ExpectGone("frmCompanyInfo");
+    walker.Enter("frmMain");
+}
+
+void CancelExit(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Click(QStringLiteral("cmdExit"));
+    walker.Enter("frmExit");
+    walker.CheckText(QStringLiteral("Label1"), QStringLiteral("Now Exiting Quorrel"));
+    walker.Picture(QStringLiteral("exit"));
+    CheckHelp(tour, "frmExit", help::kExit);
+    walker.Click(QStringLiteral("cmdCancel"));
+    walker.ExpectGone("frmExit");
+    walker.Enter("frmMain");
+}
+
+} // namespace
+
+void WalkPages(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Step(QStringLiteral("Layouts"), [&] { ShowLayouts(walker); });
+    walker.Step(QStringLiteral("Legend"), [&] { ShowLegend(walker); });
+    walker.Step(QStringLiteral("Kinds of keys"), [&] { SelectKinds(walker); });
+    walker.Step(QStringLiteral("Not recommended"), [&] { SelectNotRecommended(walker); });
+    walker.Step(QStringLiteral("Arrow keys"), [&] { MoveByArrows(walker); });
+    walker.Step(QStringLiteral("Paging"), [&] { TurnPages(walker); });
+}
+
+void WalkAside(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Step(QStringLiteral("Seven pins"), [&] { ShowSevenPins(walker); });
+    walker.Step(QStringLiteral("Help"), [&] { ReadHelp(tour); });
+    walker.Step(QStringLiteral("Help search"), [&] { SearchHelp(walker); });
+    walker.Step(QStringLiteral("Help topics"), [&] { ReadAllTopics(walker); });
+    walker.Step(QStringLiteral("About"), [&] { ShowAbout(tour); });
+    walker.Step(QStringLiteral("Company again"), [&] { ChangeCompany(walker); });
+    walker.Step(QStringLiteral("Exit cancelled"), [&] { CancelExit(tour); });
+}
+
+} // namespace quorrel::tour

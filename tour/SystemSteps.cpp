@@ -1,0 +1,186 @@
+#include "Tour.h"
+
+#include "engine/SystemDefinition.h"
+#include "widgets/HelpContexts.h"
+
+#include <QListWidget>
+
+namespace quorrel::tour {
+
+namespace {
+
+const QString kFirstName = QStringLiteral("Ellery Grammar School");
+const QString kSecondName = QStringLiteral("Quay House Offices");
+
+void CheckPreview(Walker& walker, int keys, int pages) {
+    walker.CheckText(QStringLiteral("lblTotalChanges"),
+                     QStringLiteral("Total Usable Change Keys = %1").arg(keys));
+    const auto& list = walker.Find<QListWidget>(QStringLiteral("List1"));
+    walker.Check(list.count() == pages,
+                 QStringLiteral("The preview has %1 lines, not %2").arg(list.count()).arg(pages));
+}
+
+void PreviewSystem(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Enter("frmCreateFile");
+    walker.Picture(QStringLiteral("create-empty"));
+    CheckHelp(tour, "frmCreateFile", help::kCreateSystem);
+    walker.Type(QStringLiteral("txtMinimumPin"), QStringLiteral("0"));
+    walker.Type(QStringLiteral("txtMaximumPin"), QStringLiteral("9"));
+    walker.Type(QStringLiteral("txtNumberofPins"), QStringLiteral("6"));
+    walker.Type(QStringLiteral("txtIncrement"), QStringLiteral("2"));
+    walker.Type(QStringLiteral("txtSafetyFactor"), QStringLiteral("7"));
+    walker.Type(QStringLiteral("txtMasterKey"), QStringLiteral("395172"));
+    CheckPreview(walker, 4096, 64);
+    const auto* line = walker.Find<QListWidget>(QStringLiteral("List1")).item(0);
+    walker.Check(line->text() == QStringLiteral("Page 1    = 64"),
+                 QStringLiteral("The preview begins with \"%1\"").arg(line->text()));
+    walker.Picture(QStringLiteral("create-preview"));
+}
+
+void RefuseVariance(Walker& walker) {
+    walker.Type(QStringLiteral("txtIncrement"), QStringLiteral("1"));
+    walker.ExpectBox(QStringLiteral("pin variance of 5"), QMessageBox::Ok,
+                     QStringLiteral("create-pin-variance"));
+    walker.Type(QStringLiteral("txtMasterKey"), QStringLiteral("395172"));
+    walker.Type(QStringLiteral("txtIncrement"), QStringLiteral("2"));
+    CheckPreview(walker, 4096, 64);
+}
+
+void TakeRandomMaster(Walker& walker) {
+    walker.Type(QStringLiteral("txtMasterKey"), QString());
+    walker.CheckText(QStringLiteral("txtMasterKey"), QString());
+    walker.Click(QStringLiteral("cmdRandomMaster"));
+    const std::string master = walker.TextOf(QStringLiteral("txtMasterKey")).toStdString();
+    walker.Check(IsDigits(master, 6),
+                 QStringLiteral("The drawn master is \"%1\"").arg(QString::fromStdString(master)));
+    walker.Check(OffendingPairs(master, 6, 7) == 0,
+                 QStringLiteral("The drawn master exceeds the safety factor"));
+    CheckPreview(walker, 4096, 64);
+    walker.Picture(QStringLiteral("create-random-master"));
+}
+
+void ShowTypes(Walker& walker) {
+    const auto visible = [&](const char* control) {
+        return walker.Find(QLatin1String(control)).isVisible();
+    };
+    walker.Click(QStringLiteral("opType_1"));
+    walker.Check(visible("txtAngle") && !visible("txtControlKey"),
+                 QStringLiteral("Angled Cut does not show its field"));
+    walker.Type(QStringLiteral("txtAngle"), QStringLiteral("121212"));
+    walker.Picture(QStringLiteral("create-angled-cut"));
+    walker.Click(QStringLiteral("opType_2"));
+    walker.Check(!visible("txtAngle") && visible("txtControlKey"),
+                 QStringLiteral("IC Core 23 does not show its field"));
+    walker.Type(QStringLiteral("txtControlKey"), QStringLiteral("527394"));
+    walker.Picture(QStringLiteral("create-ic-core"));
+    walker.Click(QStringLiteral("opType_0"));
+    walker.Check(!visible("txtAngle") && !visible("txtControlKey"),
+                 QStringLiteral("Standard shows a field of the other types"));
+}
+
+void RefuseNameless(Walker& walker) {
+    walker.Type(QStringLiteral("txtMasterKey"), QStringLiteral("395172"));
+    walker.ExpectBox(QStringLiteral("There has been an error in Pre-Creation Process"),
+                     QMessageBox::Ok, QStringLiteral("create-refused"));
+    walker.Click(QStringLiteral("cmdCreate"));
+    walker.Enter("frmCreateFile");
+    walker.CheckFocus(QStringLiteral("txtSystemName"));
+}
+
+void CreateFirst(Walker& walker) {
+    walker.Type(QStringLiteral("txtSystemName"), kFirstName);
+    walker.Type(QStringLiteral("txtSystemAddress"), QStringLiteral("3 Chapel Lane, Port Ellery"));
+    walker.Type(QStringLiteral("txtLockBrand"), QStringLiteral("Tidewater"));
+    walker.Type(QStringLiteral("txtNotes"),
+                QStringLiteral("Front doors to be re-keyed in the summer holidays"));
+    walker.Picture(QStringLiteral("create-filled"));
+    walker.Click(QStringLiteral("cmdCreate"));
+    walker.Enter("frmMain");
+    walker.ExpectGone("frmCreateFile");
+    walker.CheckText(QStringLiteral("lblSystem"), kFirstName);
+    walker.CheckText(QStringLiteral("lblMaxPage"), QStringLiteral("64"));
+}
+
+void CreateSecond(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Enter("frmMain");
+    walker.ChooseFromMenu("mnuFile", "mnuFileNew");
+    walker.Enter("frmCreateFile");
+    walker.ExpectGone("frmMain");
+    walker.Type(QStringLiteral("txtSystemName"), kSecondName);
+    walker.Click(QStringLiteral("opType_1"));
+    walker.Type(QStringLiteral("txtNumberofPins"), QStringLiteral("7"));
+    walker.Type(QStringLiteral("txtMasterKey"), QStringLiteral("4625381"));
+    CheckPreview(walker, 16384, 256);
+    walker.Type(QStringLiteral("txtAngle"), QStringLiteral("1231"));
+    walker.ExpectBox(QStringLiteral("Angle Values: 7 digits are needed"), QMessageBox::Ok,
+                     QStringLiteral("create-angle-refused"));
+    walker.Click(QStringLiteral("cmdCreate"));
+    walker.Type(QStringLiteral("txtAngle"), QStringLiteral("1231232"));
+    walker.Click(QStringLiteral("cmdCreate"));
+    walker.Enter("frmMain");
+    walker.CheckText(QStringLiteral("lblSystem"), kSecondName);
+    walker.CheckText(QStringLiteral("lblAngle"), QStringLiteral("1231232"));
+    walker.CheckText(QStringLiteral("lblMaxPage"), QStringLiteral("256"));
+}
+
+void CheckList(Walker& walker) {
+    walker.Enter("frmOpenFile");
+    const auto& list = walker.Find<QListWidget>(QStringLiteral("lstSystemFiles"));
+    walker.Check(list.count() == 2,
+                 QStringLiteral("The list has %1 systems, not 2").arg(list.count()));
+    walker.Check(list.item(0)->text() == kFirstName && list.item(1)->text() == kSecondName,
+                 QStringLiteral("The list does not name the two systems"));
+    walker.Check(list.currentRow() == 0, QStringLiteral("The first system is not selected"));
+}
+
+void OpenFromList(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.ChooseFromMenu("mnuFile", "mnuFileOpen");
+    CheckList(walker);
+    walker.ExpectGone("frmMain");
+    walker.Picture(QStringLiteral("open-list"));
+    CheckHelp(tour, "frmOpenFile", help::kOpenSystem);
+    walker.ExpectBox(QStringLiteral("delete the key system \"%1\"").arg(kFirstName),
+                     QMessageBox::No, QStringLiteral("open-delete-question"));
+    walker.Click(QStringLiteral("cmdDelete"));
+    CheckList(walker);
+    walker.Click(QStringLiteral("cmdOpen"));
+    walker.Enter("frmMain");
+    walker.ExpectGone("frmOpenFile");
+    walker.CheckText(QStringLiteral("lblSystem"), kFirstName);
+    walker.CheckText(QStringLiteral("lblCurrentPage"), QStringLiteral("1"));
+}
+
+void Exit(Walker& walker) {
+    walker.Click(QStringLiteral("cmdExit"));
+    walker.Enter("frmExit");
+    walker.Click(QStringLiteral("cmdExit"));
+    walker.ExpectGone("frmExit");
+    walker.ExpectGone("frmMain");
+}
+
+} // namespace
+
+void WalkFirstSystem(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Step(QStringLiteral("Preview"), [&] { PreviewSystem(tour); });
+    walker.Step(QStringLiteral("Pin variance"), [&] { RefuseVariance(walker); });
+    walker.Step(QStringLiteral("Random master"), [&] { TakeRandomMaster(walker); });
+    walker.Step(QStringLiteral("System types"), [&] { ShowTypes(walker); });
+    walker.Step(QStringLiteral("Refused creation"), [&] { RefuseNameless(walker); });
+    walker.Step(QStringLiteral("Creation"), [&] { CreateFirst(walker); });
+}
+
+void WalkSecondSystem(Tour& tour) {
+    tour.walker.Step(QStringLiteral("Second system"), [&] { CreateSecond(tour); });
+}
+
+void WalkListAndExit(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.Step(QStringLiteral("List of systems"), [&] { OpenFromList(tour); });
+    walker.Step(QStringLiteral("Exit"), [&] { Exit(walker); });
+}
+
+} // namespace quorrel::tour

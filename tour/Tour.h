@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Walker.h"
+
+#include "store/Session.h"
+
+namespace quorrel::tour {
+
+/// What the steps of the tour share.
+struct Tour {
+    Walker& walker;
+    Session& session;
+};
+
+/// Presses F1 in the window and checks that the help shows the topic of a context number.
+void CheckHelp(Tour& tour, const char* window, int context, const QString& picture = {});
+
+/// The splash, the welcome of a first run, the company and the logon.
+void WalkStart(Tour& tour);
+
+/// Defines the first key system and creates it.
+void WalkFirstSystem(Tour& tour);
+
+/// The page view of the first key system.
+void WalkPages(Tour& tour);
+
+/// A second key system, with seven pins and angled cuts.
+void WalkSecondSystem(Tour& tour);
+
+/// The windows that the main form leads to, ending on the main form.
+void WalkAside(Tour& tour);
+
+/// The list of key systems and the way out.
+void WalkListAndExit(Tour& tour);
+
+} // namespace quorrel::tour
