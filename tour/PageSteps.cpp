@@ -242,6 +242,25 @@ void ChangeCompany(Walker& walker) {
     walker.Enter("frmMain");
 }
 
+void ShowSettings(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.ChooseFromMenu("mnuUsers", "mnuNetwork");
+    walker.Enter("frmNetwork");
+    walker.ExpectGone("frmMain");
+    const QString folder = walker.TextOf(QStringLiteral("txtMapPath"));
+    walker.Picture(QStringLiteral("network-settings"));
+    CheckHelp(tour, "frmNetwork", help::kNetwork);
+    walker.Click(QStringLiteral("cmdBrowse_1"));
+    walker.Enter("frmDrive");
+    walker.Picture(QStringLiteral("map-folder"));
+    walker.Click(QStringLiteral("cmdOK"));
+    walker.Enter("frmNetwork");
+    walker.CheckText(QStringLiteral("txtMapPath"), folder);
+    walker.Click(QStringLiteral("cmdExit"));
+    walker.Enter("frmMain");
+    walker.ExpectGone("frmNetwork");
+}
+
 void CancelExit(Tour& tour) {
     Walker& walker = tour.walker;
     walker.Click(QStringLiteral("cmdExit"));
@@ -274,6 +293,7 @@ void WalkAside(Tour& tour) {
     walker.Step(QStringLiteral("Help topics"), [&] { ReadAllTopics(walker); });
     walker.Step(QStringLiteral("About"), [&] { ShowAbout(tour); });
     walker.Step(QStringLiteral("Company again"), [&] { ChangeCompany(walker); });
+    walker.Step(QStringLiteral("Network settings"), [&] { ShowSettings(tour); });
     walker.Step(QStringLiteral("Exit cancelled"), [&] { CancelExit(tour); });
 }
 

@@ -88,10 +88,25 @@ void RefuseNameless(Walker& walker) {
     walker.CheckFocus(QStringLiteral("txtSystemName"));
 }
 
+void LearnBrand(Walker& walker) {
+    walker.Type(QStringLiteral("txtLockBrand"), QStringLiteral("Tidewater"));
+    walker.Press(QStringLiteral("txtLockBrand"), Qt::Key_Tab);
+    walker.Enter("frmManufacturer");
+    walker.CheckText(QStringLiteral("txtBottom_0"), {});
+    walker.Type(QStringLiteral("txtBottom_0"), QStringLiteral(".17."));
+    walker.CheckFocus(QStringLiteral("txtBottom_1"));
+    walker.Type(QStringLiteral("txtBottom_1"), QStringLiteral(".186"));
+    walker.Click(QStringLiteral("cmdRecord"));
+    walker.CheckText(QStringLiteral("txtBottom_0"), QStringLiteral(".17"));
+    walker.Picture(QStringLiteral("pin-sizes"));
+    walker.Click(QStringLiteral("cmdExit"));
+    walker.ExpectGone("frmManufacturer");
+    walker.Enter("frmCreateFile");
+}
+
 void CreateFirst(Walker& walker) {
     walker.Type(QStringLiteral("txtSystemName"), kFirstName);
     walker.Type(QStringLiteral("txtSystemAddress"), QStringLiteral("3 Chapel Lane, Port Ellery"));
-    walker.Type(QStringLiteral("txtLockBrand"), QStringLiteral("Tidewater"));
     walker.Type(QStringLiteral("txtNotes"),
                 QStringLiteral("Front doors to be re-keyed in the summer holidays"));
     walker.Picture(QStringLiteral("create-filled"));
@@ -170,6 +185,7 @@ void WalkFirstSystem(Tour& tour) {
     walker.Step(QStringLiteral("Random master"), [&] { TakeRandomMaster(walker); });
     walker.Step(QStringLiteral("System types"), [&] { ShowTypes(walker); });
     walker.Step(QStringLiteral("Refused creation"), [&] { RefuseNameless(walker); });
+    walker.Step(QStringLiteral("New brand"), [&] { LearnBrand(walker); });
     walker.Step(QStringLiteral("Creation"), [&] { CreateFirst(walker); });
 }
 

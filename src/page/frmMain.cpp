@@ -72,7 +72,7 @@ void frmMain::SetFonts() {
     int widest = 0;
     for (const LevelLabels& level : Levels())
         widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(level.caption->text()));
-    ui->layout8->setColumnMinimumWidth(0, widest);
+    ui->grdLevels->setColumnMinimumWidth(0, widest);
 }
 
 void frmMain::WatchMenu() {

@@ -4,7 +4,6 @@
 #include "widgets/HelpContexts.h"
 
 #include <QFocusEvent>
-#include <QTimer>
 
 namespace quorrel {
 
@@ -44,7 +43,7 @@ bool frmManufacturer::eventFilter(QObject* watched, QEvent* event) {
     if (watched == ui->cmbLockBrand && event->type() == QEvent::FocusOut) {
         const auto reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            QTimer::singleShot(0, this, [this] { Guarded([this] { BrandLeft(); }); });
+            Guarded([this] { BrandLeft(); });
         return false;
     }
     const auto box = std::find(m_sizes.begin(), m_sizes.end(), watched);
@@ -98,6 +97,7 @@ PinSizes frmManufacturer::TypedSizes() const {
 }
 
 void frmManufacturer::BrandChosen() {
+    m_shownBrand = ui->cmbLockBrand->currentText();
     ShowSizes(FindPinSizes(m_session, ui->cmbLockBrand->currentText()).value_or(PinSizes()));
 }
 
@@ -105,10 +105,14 @@ void frmManufacturer::BrandLeft() {
     const QString brand = ui->cmbLockBrand->currentText();
     if (m_closing || brand.trimmed().isEmpty())
         return;
-    const auto known = FindPinSizes(m_session, brand);
-    ShowSizes(known ? *known : FindOrAddPinSizes(m_session, brand));
-    if (!known)
+    const bool known = FindPinSizes(m_session, brand).has_value();
+    if (!known) {
+        FindOrAddPinSizes(m_session, brand);
         FillBrands(brand);
+    }
+    // What was typed for the brand that is shown stays.
+    if (brand.compare(m_shownBrand, Qt::CaseInsensitive) != 0)
+        BrandChosen();
 }
 
 void frmManufacturer::Save() {

@@ -42,6 +42,7 @@ private:
 
     std::unique_ptr<Ui::frmManufacturer> ui;
     std::array<QLineEdit*, 20> m_sizes{}; ///< `txtBottom_0` to `_9`, then `txtTop_0` to `_9`
+    QString m_shownBrand;                 ///< whose sizes are shown
     bool m_closing = false;
 };
 

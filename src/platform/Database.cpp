@@ -153,7 +153,8 @@ Database::Database(const QString& path, int busyTimeout, Access access)
         throw DatabaseError(DatabaseError::Kind::Other, path,
                             QStringLiteral("Its path has a quotation mark."));
     Guarded([&] {
-        m_engine->session.open(soci::sqlite3, ConnectionText(path, busyTimeout, access == Access::ReadOnly));
+        m_engine->session.open(soci::sqlite3,
+                               ConnectionText(path, busyTimeout, access == Access::ReadOnly));
         sqlite_api::sqlite3_busy_timeout(m_engine->Handle(), busyTimeout);
         m_engine->session << "PRAGMA synchronous = FULL";
         // Room for a whole large system, so that readers are shut out at the commit alone.

@@ -24,6 +24,9 @@ frmDrive::frmDrive(Session& session, const QString& folder)
             ui->Drive1->addItem(QDir::toNativeSeparators(drive.rootPath()));
     ui->Drive1->setCurrentText(QDir::toNativeSeparators(QStorageInfo(folder).rootPath()));
     GoTo(QDir(folder).exists() ? folder : QDir::homePath());
+    // Folders are read by and by; the chosen one is to stay in sight as others come in above it.
+    On(&m_folders, &QFileSystemModel::directoryLoaded,
+       [this] { ui->Dir1->scrollTo(ui->Dir1->currentIndex(), QTreeView::PositionAtCenter); });
     On(ui->Drive1, &QComboBox::activated, [this] { GoTo(ui->Drive1->currentText()); });
     On(ui->cmdNew, &QPushButton::clicked, [this] { MakeFolder(); });
     On(ui->cmdOK, &QPushButton::clicked, [this] {

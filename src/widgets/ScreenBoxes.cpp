@@ -58,8 +58,11 @@ BoxAnswer ScreenBoxes::Message(const QString& text, const QString& title, BoxBut
     box.setIcon(IconFor(icon));
     box.setStandardButtons(Offered(buttons));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    if (buttons == BoxButtons::YesNo)
+    if (buttons == BoxButtons::YesNo) {
         box.setEscapeButton(QMessageBox::No);
+        // A warning is not to be waved through with the Enter key.
+        box.setDefaultButton(icon == BoxIcon::Warning ? QMessageBox::No : QMessageBox::Yes);
+    }
     switch (box.exec()) {
     case QMessageBox::Yes:
         return BoxAnswer::Yes;
