@@ -51,6 +51,7 @@ std::string ConnectionText(const QString& path, int busyTimeout, bool readOnly) 
 struct Slot {
     std::variant<std::string, int, long long, double> value;
     soci::indicator indicator = soci::i_ok;
+    QString stored = {}; ///< The text that `value` was made of: most texts stay from row to row.
 };
 
 Slot SlotFor(const FieldRef& field) {
@@ -95,6 +96,9 @@ void StoreField(const FieldRef& field, Slot& slot) {
         [&](auto* source) {
             using Type = std::remove_pointer_t<decltype(source)>;
             if constexpr (std::is_same_v<Type, QString>) {
+                if (slot.stored == *source)
+                    return;
+                slot.stored = *source;
                 const QByteArray utf8 = source->toUtf8();
                 std::get<std::string>(slot.value)
                     .assign(utf8.constData(), static_cast<std::size_t>(utf8.size()));
