@@ -54,19 +54,29 @@ struct Slot {
     QString stored = {}; ///< The text that `value` was made of: most texts stay from row to row.
 };
 
+/// The engine's type for the type of a field.
+template <class Type>
+struct Engines {
+    using type = int;
+};
+template <>
+struct Engines<QString> {
+    using type = std::string;
+};
+template <>
+struct Engines<qint64> {
+    using type = long long;
+};
+template <>
+struct Engines<double> {
+    using type = double;
+};
+template <class Type>
+using EngineType = typename Engines<Type>::type;
+
 Slot SlotFor(const FieldRef& field) {
     return std::visit(
-        [](auto* target) {
-            using Type = std::remove_pointer_t<decltype(target)>;
-            if constexpr (std::is_same_v<Type, QString>)
-                return Slot{std::string()};
-            else if constexpr (std::is_same_v<Type, qint64>)
-                return Slot{0LL};
-            else if constexpr (std::is_same_v<Type, double>)
-                return Slot{0.0};
-            else
-                return Slot{0};
-        },
+        [](auto* target) { return Slot{EngineType<std::remove_pointer_t<decltype(target)>>{}}; },
         field);
 }
 
@@ -75,18 +85,11 @@ void LoadField(const FieldRef& field, const Slot& slot) {
     std::visit(
         [&](auto* target) {
             using Type = std::remove_pointer_t<decltype(target)>;
-            if (null)
-                *target = Type{};
-            else if constexpr (std::is_same_v<Type, QString>)
-                *target = QString::fromStdString(std::get<std::string>(slot.value));
-            else if constexpr (std::is_same_v<Type, qint64>)
-                *target = std::get<long long>(slot.value);
-            else if constexpr (std::is_same_v<Type, double>)
-                *target = std::get<double>(slot.value);
-            else if constexpr (std::is_same_v<Type, bool>)
-                *target = std::get<int>(slot.value) != 0;
+            const auto& value = std::get<EngineType<Type>>(slot.value);
+            if constexpr (std::is_same_v<Type, QString>)
+                *target = null ? QString() : QString::fromStdString(value);
             else
-                *target = std::get<int>(slot.value);
+                *target = null ? Type{} : static_cast<Type>(value);
         },
         field);
 }
@@ -102,12 +105,9 @@ void StoreField(const FieldRef& field, Slot& slot) {
                 const QByteArray utf8 = source->toUtf8();
                 std::get<std::string>(slot.value)
                     .assign(utf8.constData(), static_cast<std::size_t>(utf8.size()));
-            } else if constexpr (std::is_same_v<Type, qint64>)
-                slot.value = static_cast<long long>(*source);
-            else if constexpr (std::is_same_v<Type, double>)
-                slot.value = *source;
-            else
-                slot.value = static_cast<int>(*source);
+            } else {
+                slot.value = static_cast<EngineType<Type>>(*source);
+            }
         },
         field);
 }
@@ -323,7 +323,7 @@ Transaction::~Transaction() {
         return;
     try {
         m_database.Execute("ROLLBACK");
-    } catch (const DatabaseError&) {
+    } catch (...) {
         // The engine has rolled back by itself, as it does when the disk is full.
     }
 }

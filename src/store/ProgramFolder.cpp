@@ -17,7 +17,7 @@ namespace {
 
 /// Copies under a passing name first, so that a file is there whole or not at all.
 QString CopyAside(const QString& deliveredFolder, const QString& folder, const QString& name) {
-    const QString aside = QDir(folder).filePath(name + QStringLiteral(".new"));
+    QString aside = QDir(folder).filePath(name + QStringLiteral(".new"));
     QFile::remove(aside);
     if (!QFile::copy(QDir(deliveredFolder).filePath(name), aside))
         throw std::runtime_error("Cannot lay out " + name.toStdString() + " in " +

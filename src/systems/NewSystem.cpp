@@ -130,7 +130,7 @@ KeySystemRow CreateKeySystem(Session& session, const NewSystem& system) {
     Transaction transaction(session.Keys());
     if (IsTaken(session, system.name))
         throw NameTakenError(NameTaken(system.name.trimmed()).toStdString());
-    const KeySystemRow row = AddSystemRow(session, system);
+    KeySystemRow row = AddSystemRow(session, system);
     AddPatterns(session, system, row.SystemID);
     transaction.Commit();
     return row;

@@ -115,8 +115,8 @@ TEST(DatabaseFile, ReadOnlyFilesAreToldAndLeftAlone) {
         const QString path = program.PathOf(readOnly);
         const QByteArray before = Bytes(path);
         for (const char* name : {kSysinfoFile, kKeySystemFile})
-            QFile::setPermissions(program.PathOf(name),
-                                  all | QFile::WriteOther | QFile::WriteGroup);
+            QFile::setPermissions(program.PathOf(name), all | QFile::WriteOwner | QFile::WriteUser |
+                                                            QFile::WriteGroup | QFile::WriteOther);
         QFile::setPermissions(path, all);
         QFile::setPermissions(program.folder.path(), all | enter);
         Workstation nobody(program.folder.path(), {"open-as-nobody"});
