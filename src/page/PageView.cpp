@@ -80,20 +80,29 @@ std::array<std::string, 5> PageView::ReadLevelTexts() const {
 
 void PageView::FillCell(int index, const PatternsRow& row, const std::string& cuts) {
     PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
-    const std::string tag = cuts.substr(0, static_cast<std::size_t>(m_system.pinCount) + 1);
-    const QString label = RightTrimmed(row.Label);
-    const QString description = RightTrimmed(row.Description);
-    cell.keyLabel = label.left(20);
-    cell.keyway = Padded(row.KeyWay, 8);
-    cell.description = description.left(250);
-    cell.department = row.Department.left(34);
     cell.serial = row.Serial;
     cell.isMaster = row.Master;
-    cell.date.clear();
-    cell.tag = tag;
-    cell.toolTip = m_session.SessionPermissions.ReadPrintPinning
-                       ? label + u' ' + QString::fromStdString(tag) + u' ' + description
-                       : label + u' ' + description;
+    cell.tag = cuts.substr(0, static_cast<std::size_t>(m_system.pinCount) + 1);
+    SetRecord(index, row.Label, row.KeyWay, row.Department, row.Description, {});
+}
+
+void PageView::SetRecord(int index, const QString& label, const QString& keyway,
+                         const QString& department, const QString& description,
+                         const QString& date) {
+    PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
+    cell.keyLabel = RightTrimmed(label).left(20);
+    cell.keyway = Padded(keyway, 8);
+    cell.description = RightTrimmed(description).left(250);
+    cell.department = department.left(34);
+    cell.date = date;
+    cell.toolTip = ToolTipOf(cell);
+}
+
+QString PageView::ToolTipOf(const PageCell& cell) const {
+    const QString cuts = m_session.SessionPermissions.ReadPrintPinning
+                             ? QString::fromStdString(cell.tag) + u' '
+                             : QString();
+    return cell.keyLabel + u' ' + cuts + cell.description;
 }
 
 void PageView::LoadDates() {
@@ -112,6 +121,7 @@ void PageView::LoadPageView() {
     const auto levels = ReadLevelTexts();
     if (m_session.CurrentPage == 0)
         m_session.CurrentPage = 1;
+    m_loadedPage = m_session.CurrentPage;
     const auto pins = static_cast<std::size_t>(m_system.pinCount);
     const auto fillLevel = [&](const PatternsRow& row, const std::string& cuts) {
         for (std::size_t level = 0; level < levels.size(); ++level) {

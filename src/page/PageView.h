@@ -62,16 +62,25 @@ public:
     const OpenSystem& System() const { return m_system; }
     const PageCell& Cell(int index) const { return m_cells.at(static_cast<std::size_t>(index)); }
 
+    /// The page whose keys are in the cells; 0 before the first.
+    int LoadedPage() const { return m_loadedPage; }
+
+    /// Takes a key's record as it was stored into a cell.
+    void SetRecord(int index, const QString& label, const QString& keyway,
+                   const QString& department, const QString& description, const QString& date);
+
     /// Set by `LoadPageView`; the next click on a cell clears it and gives no warning.
     bool LoadingPage = false;
 
 private:
     std::array<std::string, 5> ReadLevelTexts() const;
     void FillCell(int index, const PatternsRow& row, const std::string& cuts);
+    QString ToolTipOf(const PageCell& cell) const;
     void LoadDates();
 
     Session& m_session;
     OpenSystem m_system;
+    int m_loadedPage = 0;
     std::array<PageCell, kAllCells> m_cells;
 };
 

@@ -13,29 +13,37 @@
 #include "widgets/KeyPainter.h"
 
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QTimer>
 
 #include <algorithm>
 
 namespace quorrel {
 
+namespace {
+
+constexpr int kDescriptionLength = 250;
+/// Characters that a Key ID must have to be saved when the page or the form is left. A click on
+/// another cell saves one of a single character too.
+constexpr int kLabelToLeavePage = 2;
+
+} // namespace
+
 frmMain::frmMain(Session& session)
-    : FormOver(session), ui(std::make_unique<Ui::frmMain>()), m_page(session) {
+    : FormOver(session), ui(std::make_unique<Ui::frmMain>()), m_page(session),
+      m_record(session, m_page) {
     ui->setupUi(this);
     setProperty(kHelpContext, help::kMainPage);
-    // Key records are shown, not edited yet.
-    ui->txtKeyID->setReadOnly(true);
-    ui->txtKeyway->setReadOnly(true);
-    ui->txtDescription->setReadOnly(true);
-    ui->cmbDepartment->lineEdit()->setReadOnly(true);
     ui->cmdPinning->setEnabled(false);
     ui->cmdPrintPage->setEnabled(false);
     SetFonts();
     BuildLegend();
     WatchMenu();
+    WatchRecord();
     On(ui->grdPage, &PageGrid::CellClicked, [this](int cell) { ClickCell(cell); });
     On(ui->scrlPage, &QScrollBar::valueChanged, [this](int page) { TurnPage(page); });
     On(ui->scrlPage, &QScrollBar::sliderMoved, [this](int page) {
@@ -50,10 +58,7 @@ frmMain::frmMain(Session& session)
     On(ui->cmdLegend, &QPushButton::clicked,
        [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
     On(ui->cmdHelp, &QPushButton::clicked, [this] { emit HelpWanted(help::kMainPage); });
-    On(ui->cmdExit, &QPushButton::clicked, [this] {
-        hide();
-        emit ExitWanted();
-    });
+    connect(ui->cmdExit, &QPushButton::clicked, ui->mnuFileExit, &QAction::trigger);
     AddShortcuts();
     Guarded([this] { LoadForm(); });
 }
@@ -76,41 +81,134 @@ void frmMain::SetFonts() {
 }
 
 void frmMain::WatchMenu() {
-    On(ui->mnuFileNew, &QAction::triggered, [this] {
+    // Every entry first saves a pending edit of the key.
+    const auto on = [this](QAction* entry, auto action) {
+        On(entry, &QAction::triggered, [this, action] {
+            SavePending(kLabelToLeavePage);
+            action();
+        });
+    };
+    on(ui->mnuFileNew, [this] {
         LeaveSystem();
         emit NewSystemWanted();
         close();
     });
-    On(ui->mnuFileOpen, &QAction::triggered, [this] {
+    on(ui->mnuFileOpen, [this] {
         LeaveSystem();
         emit OpenSystemWanted();
         close();
     });
-    On(ui->mnuFileExit, &QAction::triggered, [this] {
+    on(ui->mnuFileExit, [this] {
         hide();
         emit ExitWanted();
     });
-    On(ui->mnuCompanyInfo, &QAction::triggered, [this] {
+    on(ui->mnuCompanyInfo, [this] {
         m_session.CompanyInfoEmpty = false;
         hide();
         emit CompanyWanted();
     });
-    On(ui->mnuNetwork, &QAction::triggered, [this] {
+    on(ui->mnuNetwork, [this] {
         if (!m_session.SessionPermissions.AddEditProgramUsers)
             return;
         hide();
         emit NetworkWanted();
     });
-    On(ui->mnuPinSizes, &QAction::triggered, [this] {
+    on(ui->mnuPinSizes, [this] {
         hide();
         emit PinSizesWanted(ui->lblBrand->text());
     });
-    On(ui->mnuHelpContents, &QAction::triggered, [this] { emit HelpWanted(help::kContents); });
-    On(ui->mnuHelpIndex, &QAction::triggered, [this] { emit HelpIndexWanted(); });
-    On(ui->mnuHelpAbout, &QAction::triggered, [this] {
+    on(ui->mnuHelpContents, [this] { emit HelpWanted(help::kContents); });
+    on(ui->mnuHelpIndex, [this] { emit HelpIndexWanted(); });
+    on(ui->mnuHelpAbout, [this] {
         hide();
         emit AboutWanted();
     });
+}
+
+void frmMain::WatchRecord() {
+    const bool mayEdit = m_session.SessionPermissions.AlterKeyInformation;
+    ui->txtKeyID->setReadOnly(!mayEdit);
+    ui->txtKeyway->setReadOnly(!mayEdit);
+    ui->txtDescription->setReadOnly(!mayEdit);
+    ui->cmbDepartment->setEnabled(mayEdit);
+    const auto touch = [this] {
+        m_session.IdleTickCounter = 0;
+        m_record.Touch();
+    };
+    On(ui->txtKeyID, &QLineEdit::textChanged, touch);
+    On(ui->txtKeyway, &QLineEdit::textChanged, touch);
+    On(ui->cmbDepartment, &QComboBox::currentTextChanged, touch);
+    On(ui->txtDescription, &QPlainTextEdit::textChanged, [this, touch] {
+        touch();
+        HoldDescription();
+    });
+    for (QObject* field : std::initializer_list<QObject*>{ui->txtKeyID, ui->txtKeyway,
+                                                          ui->cmbDepartment, ui->txtDescription})
+        field->installEventFilter(this);
+}
+
+/// Holds the description to the length that is kept.
+void frmMain::HoldDescription() {
+    const QString text = ui->txtDescription->toPlainText();
+    if (text.size() <= kDescriptionLength)
+        return;
+    // Its own change by code is no further edit.
+    const QSignalBlocker blocker(ui->txtDescription);
+    ui->txtDescription->setPlainText(text.left(kDescriptionLength));
+    ui->txtDescription->moveCursor(QTextCursor::End);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn)
+        QTimer::singleShot(0, this, [this, watched] { SelectWhole(watched); });
+    if (event->type() == QEvent::FocusOut)
+        RaiseCase(watched);
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        QWidget* next = watched == ui->txtKeyway       ? ui->txtKeyID
+                        : watched == ui->txtKeyID      ? static_cast<QWidget*>(ui->cmbDepartment)
+                        : watched == ui->cmbDepartment ? ui->txtDescription
+                                                       : nullptr;
+        if (next && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+            next->setFocus();
+            return true;
+        }
+    }
+    return FormOver::eventFilter(watched, event);
+}
+
+void frmMain::SelectWhole(QObject* field) {
+    if (field == ui->txtDescription && ui->txtDescription->hasFocus())
+        ui->txtDescription->selectAll();
+    if (field == ui->cmbDepartment && ui->cmbDepartment->hasFocus())
+        ui->cmbDepartment->lineEdit()->selectAll();
+    if (auto* edit = qobject_cast<QLineEdit*>(field); edit && edit->hasFocus())
+        edit->selectAll();
+}
+
+void frmMain::RaiseCase(QObject* field) {
+    if (field == ui->txtKeyID)
+        ui->txtKeyID->setText(RightTrimmed(ui->txtKeyID->text().toUpper()));
+    if (field == ui->txtKeyway)
+        ui->txtKeyway->setText(ui->txtKeyway->text().toUpper());
+    if (field == ui->cmbDepartment)
+        ui->cmbDepartment->setEditText(ui->cmbDepartment->currentText().toUpper());
+}
+
+void frmMain::SavePending(int leastLabel) {
+    if (!m_record.PageDirty() || ui->txtKeyID->text().size() < leastLabel)
+        return;
+    const BusyPointer busy;
+    KeyRecordText screen{ui->txtKeyID->text(), ui->txtKeyway->text(),
+                         ui->cmbDepartment->currentText(), ui->txtDescription->toPlainText()};
+    m_record.SaveKeyRecord(screen);
+    // What holds now is shown; it is no edit of the user's.
+    const bool stillDirty = m_record.PageDirty();
+    ui->txtKeyID->setText(screen.keyID);
+    ui->cmbDepartment->setCurrentText(screen.department);
+    LoadDepartmentList();
+    if (!stillDirty)
+        m_record.Forget();
 }
 
 void frmMain::AddShortcuts() {
@@ -133,6 +231,12 @@ void frmMain::LeaveSystem() {
 }
 
 bool frmMain::Unloading() {
+    try {
+        SavePending(1);
+    } catch (...) {
+        m_record.Forget(); // Whoever closes the form once more means it.
+        throw;
+    }
     if (!m_leavingSystem)
         emit ExitWanted();
     return true;
@@ -193,6 +297,7 @@ void frmMain::ShowSpecialCuts() {
 
 void frmMain::Activated() {
     const BusyPointer busy;
+    m_record.Forget();
     m_cellIconSize = 0;
     LoadLogo();
     ui->lblSysid->setText(QString::number(m_session.ActiveSystemNumber));
@@ -312,9 +417,12 @@ void frmMain::ShowPageNumber() {
 void frmMain::TurnPage(int page) {
     m_session.IdleTickCounter = 0;
     const BusyPointer busy;
+    SavePending(kLabelToLeavePage);
     m_session.CurrentPage = page;
     ShowPageNumber();
     m_page.LoadPageView();
+    m_record.Forget();
+    m_record.StopRepeating();
     // Whoever turns pages at the bar goes on turning.
     const bool atBar = ui->scrlPage->hasFocus();
     ClickCell(m_selectedCell);
@@ -329,13 +437,18 @@ void frmMain::ClickCell(int cell) {
 
 void frmMain::SelectCell(int cell, bool warn) {
     const BusyPointer busy;
+    if (!m_session.SessionPermissions.AlterKeyInformation)
+        m_record.Forget();
+    SavePending(1);
     m_page.LoadingPage = false;
     m_selectedCell = cell;
     const KeySelection selection =
         SelectKey(m_page, cell, m_session.SessionPermissions.ReadPrintPinning);
     ShowRecord(selection);
+    m_record.Open(cell, !warn);
     ShowLevels(selection);
     PaintCells(selection);
+    RepeatLastRecord();
     ui->txtKeyID->setFocus();
     if (!warn)
         return;
@@ -344,6 +457,18 @@ void frmMain::SelectCell(int cell, bool warn) {
                                    "Limitation!"),
                                 m_session.ProgramTitle);
     ui->txtKeyway->setSelection(0, 12);
+}
+
+/// Offers what was saved last to a key that has no Key ID yet, so that keys of one kind are named
+/// one after the other.
+void frmMain::RepeatLastRecord() {
+    if (!m_record.RepeatsLastRecord())
+        return;
+    const KeyRecordText& last = m_record.LastRecord();
+    ui->txtKeyway->setText(last.keyway);
+    ui->txtDescription->setPlainText(RightTrimmed(last.description));
+    ui->cmbDepartment->setCurrentText(last.department);
+    m_record.Forget();
 }
 
 void frmMain::ShowRecord(const KeySelection& selection) {

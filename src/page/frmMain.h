@@ -1,5 +1,6 @@
 #pragma once
 
+#include "page/KeyRecord.h"
 #include "page/KeySelection.h"
 #include "page/PageView.h"
 #include "widgets/Form.h"
@@ -30,6 +31,7 @@ public:
 protected:
     void Activated() override;
     bool Unloading() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     void NewSystemWanted();
@@ -55,6 +57,12 @@ private:
     void BuildLegend();
     void SetFonts();
     void WatchMenu();
+    void WatchRecord();
+    void HoldDescription();
+    void SelectWhole(QObject* field);
+    void RaiseCase(QObject* field);
+    void SavePending(int leastLabel);
+    void RepeatLastRecord();
     void AddShortcuts();
     void LoadDepartmentList();
     void LoadLogo();
@@ -72,6 +80,7 @@ private:
 
     std::unique_ptr<Ui::frmMain> ui;
     PageView m_page;
+    KeyRecord m_record;
     int m_selectedCell = 0;
     int m_cellIconSize = 0; ///< 0 compact, 1 large
     bool m_leavingSystem = false;

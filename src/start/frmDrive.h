@@ -2,8 +2,6 @@
 
 #include "widgets/Form.h"
 
-#include <QFileSystemModel>
-
 #include <memory>
 
 namespace Ui {
@@ -12,7 +10,7 @@ class frmDrive;
 
 namespace quorrel {
 
-/// Picks the folder of the maps.
+/// Picks the folder of the maps: the one whose path stands above the list of its folders.
 class frmDrive : public Form {
     Q_OBJECT
 
@@ -28,12 +26,13 @@ protected:
     bool Unloading() override;
 
 private:
-    QString Folder() const;
+    /// Enters a folder and lists the folders in it.
     void GoTo(const QString& folder);
+    void EnterSelected();
     void MakeFolder();
 
     std::unique_ptr<Ui::frmDrive> ui;
-    QFileSystemModel m_folders;
+    QString m_folder; ///< the path of `Dir1`
 };
 
 } // namespace quorrel

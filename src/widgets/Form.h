@@ -84,7 +84,7 @@ protected:
     }
 
     void closeEvent(QCloseEvent* event) override {
-        bool unload = true;
+        bool unload = false; // What could not be stored stays on the form.
         Guarded([&] { unload = Unloading(); });
         event->setAccepted(unload);
     }

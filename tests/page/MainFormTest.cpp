@@ -5,6 +5,7 @@
 #include "store/SystemTables.h"
 #include "support/FormDriver.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -166,6 +167,88 @@ TEST(FrmMain, KeyboardMovesBetweenCellsAndSelects) {
     QTest::keyClick(main->focusWidget(), Qt::Key_Space);
     EXPECT_EQ(CellOf(main, 21)->ShownState(), cellstate::kActive);
     EXPECT_TRUE(Find<QLineEdit>(main, "txtKeyID")->hasFocus());
+}
+
+PatternsRow RowOf(RunningProgram& run, int position) {
+    return *Recordset<PatternsRow>(run.session.Keys(),
+                                   Query().Where("PageNumber", 1).Where("Position", position))
+                .First();
+}
+
+TEST(FrmMain, LeavingAKeySavesItsRecord) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "front");
+    QTest::keyClick(Find<QLineEdit>(main, "txtKeyID"), Qt::Key_Return);
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "FRONT");
+    QTest::keyClicks(main->focusWidget(), "caretakers");
+    QTest::keyClick(main->focusWidget(), Qt::Key_Return);
+    QTest::keyClicks(main->focusWidget(), "Front door");
+    Type(main, "txtKeyway", "kw");
+    EXPECT_EQ(RowOf(run, 6).Label, QString(19, ' ')) << "there is no save button";
+
+    ClickCell(main, 7);
+    EXPECT_EQ(RowOf(run, 6).Label, "FRONT       ");
+    EXPECT_EQ(RowOf(run, 6).Description, "Front door");
+    EXPECT_EQ(CellOf(main, 6)->ShownState(), 10);
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "");
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyway")->text(), "KW") << "carried forward";
+    EXPECT_GE(Find<QComboBox>(main, "cmbDepartment")->findText("CARETAKERS"), 0);
+
+    ClickCell(main, 8);
+    EXPECT_EQ(RowOf(run, 7).Label, QString(19, ' ')) << "nothing was typed for it";
+    Type(main, "txtKeyID", "x");
+    ClickCell(main, 6);
+    EXPECT_EQ(RowOf(run, 8).Label, "X           ");
+    EXPECT_EQ(RowOf(run, 8).Department, "CARETAKERS");
+
+    run.boxes.Expect("Are you sure you want to save changes to this record?", BoxAnswer::Yes);
+    Type(main, "txtKeyID", "back");
+    Choose(main, "mnuHelpAbout");
+    EXPECT_EQ(RowOf(run, 6).Label, "BACK        ");
+    Click(run.Form("frmAbout"), "cmdOK");
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "BACK");
+}
+
+TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    auto* bar = Find<QScrollBar>(main, "scrlPage");
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "a");
+    bar->setValue(2);
+    EXPECT_EQ(RowOf(run, 6).Label, QString(19, ' '));
+    bar->setValue(1);
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "a1");
+    emit bar->sliderMoved(3); // The number moves ahead of the page while the slider is dragged.
+    bar->setValue(3);
+    EXPECT_EQ(RowOf(run, 6).Label, "A1          ");
+    EXPECT_EQ(Recordset<AllKeysRow>(run.session.Keys()).First()->PageNumber, 1);
+}
+
+TEST(FrmMain, ARefusedRecordIsToldAndAFailureKeepsTheText) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "one");
+    ClickCell(main, 7);
+    Type(main, "txtKeyID", "one");
+    run.boxes.Expect("That Key Label is unavailable, Choose another one");
+    ClickCell(main, 8);
+    EXPECT_EQ(RowOf(run, 7).Label, QString(19, ' '));
+
+    run.session.Keys().Execute("CREATE TRIGGER \"Full\" BEFORE INSERT ON \"AllKeys\" BEGIN "
+                               "SELECT RAISE(ABORT, 'no room'); END");
+    Type(main, "txtKeyID", "two");
+    run.boxes.Expect("could not be used. Nothing was changed.");
+    ClickCell(main, 9);
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "TWO");
+    EXPECT_EQ(CellOf(main, 8)->ShownState(), cellstate::kActive) << "still the selected key";
+    run.session.Keys().Execute("DROP TRIGGER \"Full\"");
+    ClickCell(main, 9);
+    EXPECT_EQ(RowOf(run, 8).Label, "TWO         ");
 }
 
 TEST(FrmMain, LayoutsAndLegendAreToggled) {

@@ -4,7 +4,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -64,6 +66,11 @@ TEST(FrmNetwork, FolderPickerMakesAFolderAndBringsItBack) {
     EXPECT_EQ(run.boxes.Last().title, "Create New Folder");
     const QString made = run.folder.filePath("Site maps");
     EXPECT_TRUE(QDir(made).exists());
+    auto* folders = Find<QListWidget>(drive, "Dir1");
+    QTest::keyClick(folders, Qt::Key_Return);
+    EXPECT_EQ(Find<QLabel>(drive, "lblFolder")->text(), run.folder.path()) << "up to the parent";
+    folders->setCurrentItem(folders->findItems("Site maps", Qt::MatchExactly).value(0));
+    QTest::keyClick(folders, Qt::Key_Return);
     Click(drive, "cmdOK");
     EXPECT_EQ(Find<QLineEdit>(run.Form("frmNetwork"), "txtMapPath")->text(), made);
 

@@ -1,0 +1,211 @@
+#include "page/KeyRecord.h"
+#include "platform/Recordset.h"
+#include "store/DoorTables.h"
+#include "store/HolderTables.h"
+#include "store/Scramble.h"
+#include "support/TestProgram.h"
+
+namespace quorrel::test {
+namespace {
+
+/// A system of four pages, its first page on the screen.
+class KeyRecordTest : public testing::Test {
+protected:
+    void SetUp() override {
+        program.CreateAndOpen(StandardSystem("Other", "2715"));
+        other = program.session.ActiveSystemNumber;
+        program.CreateAndOpen(StandardSystem("Pier", "2715"));
+        page.LoadSystem();
+        page.LoadPageView();
+    }
+
+    /// Types a record for a cell and leaves the key.
+    KeyRecordText Save(int cell, const QString& keyID, const KeyRecordText& rest = {}) {
+        record.Open(cell, false);
+        record.Touch();
+        KeyRecordText screen = rest;
+        screen.keyID = keyID;
+        record.SaveKeyRecord(screen);
+        return screen;
+    }
+
+    /// Types a record for a cell that has one already, and answers the question.
+    KeyRecordText Change(int cell, const QString& keyID, const KeyRecordText& rest = {},
+                         BoxAnswer answer = BoxAnswer::Yes) {
+        program.boxes.Expect("Are you sure you want to save changes to this record?", answer);
+        return Save(cell, keyID, rest);
+    }
+
+    std::vector<PatternsRow> Patterns(int cell) {
+        const QString cuts = QString::fromStdString(page.Cell(cell).tag);
+        return Recordset<PatternsRow>(program.session.Keys(),
+                                      Query()
+                                          .Where("SystemNumber", program.session.ActiveSystemNumber)
+                                          .Where("Cuts", Scrambled(cuts)))
+            .Rows();
+    }
+
+    std::vector<AllKeysRow> AllKeys() {
+        return Recordset<AllKeysRow>(program.session.Keys()).Rows();
+    }
+
+    QStringList Departments() {
+        QStringList names;
+        for (const DepartmentRow& row : Recordset<DepartmentRow>(program.session.Keys()).Rows())
+            names.append(row.Department);
+        return names;
+    }
+
+    TestProgram program;
+    PageView page{program.session};
+    KeyRecord record{program.session, page};
+    int other = 0;
+};
+
+TEST_F(KeyRecordTest, ANewKeyIDIsWrittenEverywhereAndNowhereElse) {
+    const KeyRecordText screen =
+        Save(6, "front-a  ", {{}, "kw-123456", "caretakers", "Front door"});
+    EXPECT_EQ(screen.keyID, "FRONT-A");
+    const auto patterns = Patterns(6);
+    ASSERT_EQ(patterns.size(), 1U);
+    EXPECT_EQ(patterns[0].Label, "FRONT-A     ");
+    EXPECT_EQ(patterns[0].KeyWay, "kw-12345");
+    EXPECT_EQ(patterns[0].Department, "CARETAKERS");
+    EXPECT_EQ(patterns[0].Description, "Front door");
+    EXPECT_EQ(patterns[0].AlphaCode, "2026-03-15");
+    const auto keys = AllKeys();
+    ASSERT_EQ(keys.size(), 1U);
+    EXPECT_EQ(keys[0].KeyID, "FRONT-A     ");
+    EXPECT_EQ(keys[0].KeyWay, "kw-12345 ");
+    EXPECT_EQ(keys[0].Position, 6);
+    EXPECT_EQ(keys[0].PageNumber, 1);
+    EXPECT_EQ(keys[0].CustomCuts, "2026-03-15");
+    EXPECT_EQ(Unscrambled(keys[0].Cuts).toStdString(), page.Cell(6).tag);
+    EXPECT_EQ(Departments(), QStringList({"CARETAKERS"}));
+    EXPECT_EQ(page.Cell(6).keyLabel, "FRONT-A");
+    EXPECT_EQ(page.Cell(6).date, "2026-03-15");
+    EXPECT_TRUE(page.Cell(6).toolTip.startsWith("FRONT-A "));
+    EXPECT_EQ(Recordset<PatternsRow>(program.session.Keys(),
+                                     Query().Where("Label", QString("FRONT-A     ")))
+                  .Count(),
+              1)
+        << "the other system has the same cuts";
+    EXPECT_FALSE(record.PageDirty());
+}
+
+TEST_F(KeyRecordTest, MastersAreSavedAsChangeKeysAre) {
+    Save(9, "BLOCK", {{}, {}, "Caretakers", {}});
+    Save(105, "GRAND", {{}, {}, "CARETAKERS", {}});
+    EXPECT_EQ(Patterns(9)[0].Label, "BLOCK       ");
+    EXPECT_EQ(Patterns(105)[0].Label, "GRAND       ");
+    EXPECT_EQ(AllKeys()[1].Position, 105);
+    EXPECT_EQ(Departments(), QStringList({"CARETAKERS"})) << "learnt once";
+    Save(104, "COLUMN"); // With four pins the page master is the first column master.
+    EXPECT_EQ(page.Cell(100).keyLabel, "COLUMN");
+    Change(100, "COLUMN", {{}, {}, {}, "changed"});
+    EXPECT_EQ(AllKeys().size(), 3U);
+    EXPECT_EQ(AllKeys()[2].Position, 104) << "keeps the place where it got its Key ID";
+    EXPECT_EQ(page.Cell(104).description, "changed");
+}
+
+TEST_F(KeyRecordTest, RenamingAsksAndKeepsTheBooksInStep) {
+    Save(6, "OLD");
+    Change(6, "NEW", {}, BoxAnswer::No);
+    EXPECT_EQ(AllKeys()[0].KeyID, "OLD         ");
+    Change(6, "NEW");
+    EXPECT_EQ(program.boxes.Last().title, "Save Changes to Record");
+    ASSERT_EQ(AllKeys().size(), 1U);
+    EXPECT_EQ(AllKeys()[0].KeyID, "NEW         ");
+    EXPECT_EQ(Patterns(6)[0].Label, "NEW         ");
+    Save(7, "OLD"); // The former name is free again.
+    EXPECT_EQ(AllKeys().size(), 2U);
+}
+
+TEST_F(KeyRecordTest, ABlankTakesTheKeyIDAway) {
+    Save(6, "GONE", {{}, "KW", "STORES", "Cellar"});
+    EXPECT_EQ(Change(6, " ", {{}, "KW", "STORES", "Cellar"}).keyID, "");
+    EXPECT_TRUE(AllKeys().empty());
+    const PatternsRow row = Patterns(6)[0];
+    EXPECT_EQ(row.Label, QString(19, ' '));
+    EXPECT_EQ(row.Description, QString(16, ' '));
+    EXPECT_EQ(row.Department, QString(7, ' '));
+    EXPECT_EQ(row.KeyWay, QString(8, ' '));
+    EXPECT_EQ(row.AlphaCode, "");
+    EXPECT_FALSE(page.Cell(6).HasLabel());
+    EXPECT_EQ(page.Cell(6).date, "");
+    EXPECT_FALSE(record.RepeatsLastRecord());
+}
+
+TEST_F(KeyRecordTest, AKeyIDOfAnotherKeyIsRefusedWithoutATrace) {
+    Save(6, "TAKEN");
+    Save(7, "MINE", {{}, {}, {}, "before"});
+    program.boxes.Expect("Are you sure", BoxAnswer::Yes);
+    program.boxes.Expect("That Key Label is unavailable, Choose another one");
+    EXPECT_EQ(Save(7, "taken", {{}, {}, "NEWDEP", "after"}).keyID, "MINE");
+    EXPECT_EQ(Patterns(7)[0].Label, "MINE        ");
+    EXPECT_EQ(Patterns(7)[0].Description, "before");
+    EXPECT_EQ(AllKeys()[1].KeyID, "MINE        ");
+    EXPECT_TRUE(Departments().empty());
+}
+
+TEST_F(KeyRecordTest, UnitsAndDoorsStandInTheWayOfARename) {
+    Save(6, "HELD");
+    UsertoUnitRow unit;
+    unit.SystemNumber = program.session.ActiveSystemNumber;
+    unit.KeyID = "HELD        ";
+    Recordset<UsertoUnitRow>::Add(program.session.Keys(), unit);
+    for (const char* text : {"OTHER", " "}) {
+        program.boxes.Expect("There are Key Units Issued for HELD - Delete all Key Units before");
+        EXPECT_EQ(Save(6, text).keyID, "HELD");
+        EXPECT_EQ(program.boxes.Last().title, "Access Error");
+        EXPECT_TRUE(record.PageDirty());
+    }
+    Change(6, "HELD", {{}, {}, {}, "the rest may change"});
+    EXPECT_EQ(Patterns(6)[0].Description, "the rest may change");
+
+    Save(7, "DOOR");
+    DoorsRow door;
+    door.SystemNumber = program.session.MapFilingNumber;
+    door.CutsLabel = QString(8, ' ');
+    Recordset<DoorsRow>::Add(program.session.Keys(), door);
+    door.CutsLabel = "DOOR";
+    Recordset<DoorsRow>::Add(program.session.Keys(), door);
+    program.boxes.Expect("Are you sure", BoxAnswer::Yes);
+    program.boxes.Expect("There are Doors Assigned to DOOR - Delete all Assignments before");
+    EXPECT_EQ(Save(7, "GATE").keyID, "DOOR");
+    Save(8, "FREE"); // A door without a key hinders nobody.
+    EXPECT_EQ(AllKeys().size(), 3U);
+}
+
+TEST_F(KeyRecordTest, WithoutTheRightNothingIsWritten) {
+    program.session.SessionPermissions.AlterKeyInformation = false;
+    Save(6, "NO");
+    EXPECT_TRUE(AllKeys().empty());
+    EXPECT_EQ(Patterns(6)[0].Label, QString(19, ' '));
+}
+
+TEST_F(KeyRecordTest, LastRecordIsOfferedToKeysWithoutKeyID) {
+    Save(6, "A1", {{}, "KW", "STORES", "Cellar"});
+    record.Open(7, false);
+    EXPECT_TRUE(record.RepeatsLastRecord());
+    EXPECT_EQ(record.LastRecord().description, "Cellar");
+    record.Open(6, false);
+    EXPECT_FALSE(record.RepeatsLastRecord()) << "it has a record of its own";
+    record.StopRepeating();
+    record.Open(7, false);
+    EXPECT_FALSE(record.RepeatsLastRecord());
+}
+
+TEST_F(KeyRecordTest, AFailureStoresNothing) {
+    Save(6, "OLD");
+    program.session.Keys().Execute("CREATE TRIGGER \"Full\" BEFORE INSERT ON \"Department\" BEGIN "
+                                   "SELECT RAISE(ABORT, 'no room'); END");
+    program.boxes.Expect("Are you sure", BoxAnswer::Yes);
+    EXPECT_THROW(Save(6, "NEW", {{}, {}, "STORES", {}}), DatabaseError);
+    EXPECT_EQ(AllKeys()[0].KeyID, "OLD         ");
+    EXPECT_EQ(Patterns(6)[0].Label, "OLD         ");
+    EXPECT_TRUE(record.PageDirty()) << "the text is still to be saved";
+}
+
+} // namespace
+} // namespace quorrel::test
