@@ -149,6 +149,40 @@ void MoveByArrows(Walker& walker) {
                  QStringLiteral("Enter does not select the key"));
 }
 
+/// Gives keys a record by typing, each saved by the click on the next.
+void LabelKeys(Walker& walker) {
+    const struct {
+        int cell;
+        const char *keyID, *description;
+    } records[] = {{0, "A1-101", "Class room 101"}, {1, "A1-102", "Class room 102"},
+                   {4, "A1-M1", "Floor 1, east"},   {80, "A1-L1", "Cleaners"},
+                   {84, "A1-AM", "Caretaker"},      {100, "A1-CM", "Stores"},
+                   {104, "A1", "Head of school"},   {107, "GGM", "Fire brigade"}};
+    for (const auto& record : records) {
+        walker.Click(NameOf(record.cell));
+        walker.Type(QStringLiteral("txtKeyID"), QLatin1String(record.keyID));
+        walker.Type(QStringLiteral("cmbDepartment"), QStringLiteral("School"));
+        walker.Type(QStringLiteral("txtDescription"), QLatin1String(record.description));
+        walker.Type(QStringLiteral("txtKeyway"), QStringLiteral("K7"));
+    }
+    walker.Click(NameOf(0));
+    walker.CheckText(QStringLiteral("txtKeyID"), QStringLiteral("A1-101"));
+    walker.CheckText(QStringLiteral("lblBlockMasterID"), QStringLiteral("A1-M1"));
+    walker.CheckText(QStringLiteral("lblSystemMasterDesc"), QStringLiteral("Fire brigade"));
+    walker.Check(StateOf(walker, 0) == cellstate::kActive + cellstate::kLabelled,
+                 QStringLiteral("The labelled key is not shown as one"));
+    walker.Picture(QStringLiteral("page-labelled"));
+
+    walker.Type(QStringLiteral("txtKeyID"), QStringLiteral("A1-102"));
+    walker.ExpectBox(QStringLiteral("Are you sure you want to save changes to this record?"),
+                     QMessageBox::Yes, QStringLiteral("record-question"));
+    walker.ExpectBox(QStringLiteral("That Key Label is unavailable"), QMessageBox::Ok,
+                     QStringLiteral("record-refused"));
+    walker.Click(NameOf(1));
+    walker.Click(NameOf(0));
+    walker.CheckText(QStringLiteral("txtKeyID"), QStringLiteral("A1-101"));
+}
+
 void TurnPages(Walker& walker) {
     walker.Click(NameOf(104));
     const QString first = walker.TextOf(QStringLiteral("lblCuts"));
@@ -283,6 +317,7 @@ void WalkPages(Tour& tour) {
     walker.Step(QStringLiteral("Not recommended"), [&] { SelectNotRecommended(walker); });
     walker.Step(QStringLiteral("Arrow keys"), [&] { MoveByArrows(walker); });
     walker.Step(QStringLiteral("Paging"), [&] { TurnPages(walker); });
+    walker.Step(QStringLiteral("Key records"), [&] { LabelKeys(walker); });
 }
 
 void WalkAside(Tour& tour) {
