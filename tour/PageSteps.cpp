@@ -1,5 +1,6 @@
 #include "Tour.h"
 
+#include "access/IdleWatch.h"
 #include "engine/CellStates.h"
 #include "engine/PageGeometry.h"
 #include "page/KeyCell.h"
@@ -10,6 +11,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <map>
 #include <optional>
@@ -295,6 +297,22 @@ void ShowSettings(Tour& tour) {
     walker.ExpectGone("frmNetwork");
 }
 
+/// Lets the time pass that a workstation may be left alone.
+void LeaveAlone(Tour& tour) {
+    Walker& walker = tour.walker;
+    tour.session.AutoLogoffActive = true;
+    auto* timer = walker.Window().findChild<QTimer*>(QStringLiteral("Timer1"));
+    walker.Check(timer && timer->isActive(), QStringLiteral("Idle time is not counted"));
+    for (int tick = 0; tick < kIdleTicks; ++tick)
+        QMetaObject::invokeMethod(timer, "timeout");
+    walker.Enter("frmLogoff");
+    walker.Picture(QStringLiteral("logoff"));
+    walker.Click(QStringLiteral("CancelButton"));
+    walker.ExpectGone("frmLogoff");
+    walker.Enter("frmMain");
+    tour.session.AutoLogoffActive = false;
+}
+
 void CancelExit(Tour& tour) {
     Walker& walker = tour.walker;
     walker.Click(QStringLiteral("cmdExit"));
@@ -329,6 +347,7 @@ void WalkAside(Tour& tour) {
     walker.Step(QStringLiteral("About"), [&] { ShowAbout(tour); });
     walker.Step(QStringLiteral("Company again"), [&] { ChangeCompany(walker); });
     walker.Step(QStringLiteral("Network settings"), [&] { ShowSettings(tour); });
+    walker.Step(QStringLiteral("Left alone"), [&] { LeaveAlone(tour); });
     walker.Step(QStringLiteral("Exit cancelled"), [&] { CancelExit(tour); });
 }
 

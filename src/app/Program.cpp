@@ -1,6 +1,7 @@
 #include "app/Program.h"
 
 #include "access/frmCompanyInfo.h"
+#include "access/frmLogoff.h"
 #include "access/frmLogon.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
@@ -119,6 +120,7 @@ void Program::ShowMain() {
         connect(m_main, &frmMain::CompanyWanted, this, [this] { ShowCompany(true); });
         connect(m_main, &frmMain::AboutWanted, this, &Program::ShowAbout);
         connect(m_main, &frmMain::ExitWanted, this, &Program::ShowExit);
+        connect(m_main, &frmMain::LogoffWanted, this, &Program::ShowLogoff);
         connect(m_main, &frmMain::PinSizesWanted, this, &Program::ShowPinSizes);
         connect(m_main, &frmMain::NetworkWanted, this, &Program::ShowNetwork);
         connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
@@ -148,6 +150,16 @@ void Program::ShowAbout() {
     auto* about = Load(new frmAbout(m_session, SystemInformationTool()));
     connect(about, &frmAbout::Closed, this, &Program::ShowMain);
     about->show();
+}
+
+void Program::ShowLogoff() {
+    if (m_logoff)
+        return;
+    m_logoff = Load(new frmLogoff(m_session));
+    connect(m_logoff, &frmLogoff::Ended, this, &Program::End);
+    m_logoff->show();
+    m_logoff->raise();
+    m_logoff->activateWindow();
 }
 
 void Program::ShowPinSizes(const QString& brand) {
@@ -195,8 +207,12 @@ void Program::ShowHelpIndex() {
 }
 
 bool Program::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove)
+    if (event->type() == QEvent::MouseMove) {
         m_session.IdleTickCounter = 0;
+        // Over whichever window: a box that is open takes the mouse for itself.
+        if (m_logoff)
+            m_logoff->MouseMoved();
+    }
     if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1 ||
         !watched->isWidgetType())
         return false;

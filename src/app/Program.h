@@ -14,6 +14,7 @@ namespace quorrel {
 
 class Form;
 class HelpWindow;
+class frmLogoff;
 class frmMain;
 class frmNetwork;
 
@@ -54,6 +55,7 @@ private:
     void ShowCompany(bool fromMain);
     void ShowExit();
     void ShowAbout();
+    void ShowLogoff();
     void ShowPinSizes(const QString& brand);
     void ShowNetwork();
     void ShowDrive();
@@ -66,6 +68,7 @@ private:
     std::vector<QPointer<QWidget>> m_forms;
     QPointer<frmMain> m_main;
     QPointer<frmNetwork> m_network;
+    QPointer<frmLogoff> m_logoff;
     std::unique_ptr<HelpWindow> m_help;
     bool m_ended = false;
 };

@@ -1,6 +1,7 @@
 #include "page/frmMain.h"
 
 #include "access/CompanyInfo.h"
+#include "access/IdleWatch.h"
 #include "engine/CellStates.h"
 #include "page/KeyCell.h"
 #include "platform/Files.h"
@@ -18,7 +19,6 @@
 #include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -59,6 +59,12 @@ frmMain::frmMain(Session& session)
        [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
     On(ui->cmdHelp, &QPushButton::clicked, [this] { emit HelpWanted(help::kMainPage); });
     connect(ui->cmdExit, &QPushButton::clicked, ui->mnuFileExit, &QAction::trigger);
+    m_timer1.setObjectName(QStringLiteral("Timer1"));
+    m_timer1.start(kIdleTickTime);
+    On(&m_timer1, &QTimer::timeout, [this] {
+        if (IdleTick(m_session))
+            emit LogoffWanted();
+    });
     AddShortcuts();
     Guarded([this] { LoadForm(); });
 }

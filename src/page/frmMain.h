@@ -6,6 +6,7 @@
 #include "widgets/Form.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 
@@ -43,6 +44,8 @@ signals:
     void ExitWanted();
     void HelpWanted(int context);
     void HelpIndexWanted();
+    /// The workstation has been left alone.
+    void LogoffWanted();
 
 private:
     struct LevelLabels {
@@ -84,6 +87,7 @@ private:
     int m_selectedCell = 0;
     int m_cellIconSize = 0; ///< 0 compact, 1 large
     bool m_leavingSystem = false;
+    QTimer m_timer1{this}; ///< counts idle time
 };
 
 } // namespace quorrel

@@ -38,7 +38,26 @@ void frmOpenFile::Activated() {
     ui->lstSystemFiles->setFocus();
 }
 
+/// Whoever comes back to the list sees what other workstations have done meanwhile.
+void frmOpenFile::changeEvent(QEvent* event) {
+    Form::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible() &&
+        !m_keepRunning)
+        Guarded([this] { RefreshList(); });
+}
+
+void frmOpenFile::RefreshList() {
+    if (m_session.Keys().DataVersion() == m_dataVersion)
+        return;
+    const auto* selected = ui->lstSystemFiles->currentItem();
+    const QString name = selected ? selected->text() : QString();
+    FillList();
+    for (auto* item : ui->lstSystemFiles->findItems(name, Qt::MatchExactly).mid(0, 1))
+        ui->lstSystemFiles->setCurrentItem(item);
+}
+
 void frmOpenFile::FillList() {
+    m_dataVersion = m_session.Keys().DataVersion();
     m_systems = ListKeySystems(m_session);
     ui->lstSystemFiles->clear();
     for (const KeySystemRow& system : m_systems)

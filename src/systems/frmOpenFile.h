@@ -30,15 +30,18 @@ signals:
 
 protected:
     void Activated() override;
+    void changeEvent(QEvent* event) override;
     bool Unloading() override;
 
 private:
     void FillList();
+    void RefreshList();
     void OpenSelected();
     void DeleteSelected();
 
     std::unique_ptr<Ui::frmOpenFile> ui;
     std::vector<KeySystemRow> m_systems;
+    qint64 m_dataVersion = 0; ///< of the file when the list was filled
     bool m_keepRunning = false;
 };
 

@@ -1,3 +1,4 @@
+#include "access/frmLogoff.h"
 #include "platform/Recordset.h"
 #include "store/ProgramTables.h"
 #include "support/FormDriver.h"
@@ -6,9 +7,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 namespace quorrel::test {
 namespace {
+
+QString LabelText(QWidget* form, const char* name) {
+    return Find<QLabel>(form, name)->text();
+}
 
 TEST(FrmLogon, ThirdFailureEndsTheProgram) {
     RunningProgram run;
@@ -86,6 +92,59 @@ TEST(FrmCompanyInfo, KeepsEveryFieldAndEditsTheOneRow) {
     Choose(run.Form("frmMain"), "mnuCompanyInfo");
     EXPECT_EQ(Find<QPlainTextEdit>(run.Form("frmCompanyInfo"), "txtKeyPolicy")->toPlainText(),
               policy.left(1000));
+}
+
+/// Lets the idle timer of the main form tick.
+void Tick(QWidget* main, int ticks) {
+    auto* timer = Find<QTimer>(main, "Timer1");
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_EQ(timer->interval(), 50000);
+    for (int tick = 0; tick < ticks; ++tick)
+        QMetaObject::invokeMethod(timer, "timeout");
+}
+
+TEST(FrmLogoff, AWorkstationLeftAloneClosesItself) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    Tick(main, 40);
+    EXPECT_FALSE(run.IsLoaded("frmLogoff")) << "it is not active";
+    run.session.AutoLogoffActive = true;
+    Tick(main, 13);
+    EXPECT_FALSE(run.IsLoaded("frmLogoff"));
+    Tick(main, 1);
+    auto* logoff = dynamic_cast<frmLogoff*>(run.Form("frmLogoff"));
+    EXPECT_EQ(LabelText(logoff, "lblTimeout"), " 2: 0 0");
+    logoff->Tick();
+    EXPECT_EQ(LabelText(logoff, "lblTimeout"), " 1: 5 9");
+    for (int second = 1; second < 120; ++second)
+        logoff->Tick();
+    EXPECT_EQ(LabelText(logoff, "lblTimeout"), " 0: 0 0");
+    EXPECT_FALSE(run.ended);
+    logoff->Tick();
+    EXPECT_TRUE(run.ended);
+}
+
+TEST(FrmLogoff, TheMouseAndTheButtonCancelIt) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    run.session.AutoLogoffActive = true;
+    Tick(main, 14);
+    Click(run.Form("frmLogoff"), "CancelButton");
+    EXPECT_FALSE(run.IsLoaded("frmLogoff"));
+    EXPECT_EQ(run.session.IdleTickCounter, -4);
+    Tick(main, 17);
+    EXPECT_FALSE(run.IsLoaded("frmLogoff"));
+    QTest::mouseMove(main, QPoint(5, 5));
+    QTest::mouseMove(main, QPoint(9, 9));
+    EXPECT_EQ(run.session.IdleTickCounter, 0);
+    Tick(main, 14);
+    QWidget* logoff = run.Form("frmLogoff");
+    QTest::mouseMove(logoff, QPoint(5, 5));
+    QTest::mouseMove(logoff, QPoint(9, 9));
+    EXPECT_EQ(LabelText(logoff, "lblTimeout"), " Mouse Movement detected,  canceling Logoff");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !run.IsLoaded("frmLogoff"); }, 5000));
+    EXPECT_EQ(run.session.IdleTickCounter, 0);
+    EXPECT_FALSE(run.ended);
 }
 
 } // namespace

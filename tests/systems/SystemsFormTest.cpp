@@ -1,6 +1,7 @@
 #include "platform/Recordset.h"
 #include "store/SystemTables.h"
 #include "support/FormDriver.h"
+#include "support/Workstation.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -200,6 +201,24 @@ TEST(FrmOpenFile, OpensListsAndGoesToANewSystem) {
     EXPECT_FALSE(run.ended);
     run.Form("frmOpenFile")->close();
     EXPECT_TRUE(run.ended);
+}
+
+TEST(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+    CreateKeySystem(run.session, StandardSystem("Quay", "2715"));
+    run.StartAndLogOn();
+    QWidget* open = run.Form("frmOpenFile");
+    auto* list = Find<QListWidget>(open, "lstSystemFiles");
+    list->setCurrentRow(1);
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    EXPECT_EQ(Workstation(run.folder.path(), {"create", "Basin", "2715"}).Finish(), 0);
+    open->activateWindow();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Lines(list), QStringList({"Pier", "Quay", "Basin"}));
+    EXPECT_EQ(list->currentRow(), 1) << "the selection stays";
 }
 
 TEST(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
