@@ -420,10 +420,23 @@ void frmMain::ShowPageNumber() {
     ui->lblCurrentPage->setText(QString::number(m_session.CurrentPage));
 }
 
+/// Takes the bar and the number back to the page that is still shown.
+void frmMain::StayOnPage() {
+    const QSignalBlocker blocker(ui->scrlPage);
+    m_session.CurrentPage = m_page.LoadedPage();
+    ui->scrlPage->setValue(m_session.CurrentPage);
+    ShowPageNumber();
+}
+
 void frmMain::TurnPage(int page) {
     m_session.IdleTickCounter = 0;
     const BusyPointer busy;
-    SavePending(kLabelToLeavePage);
+    try {
+        SavePending(kLabelToLeavePage);
+    } catch (...) {
+        StayOnPage();
+        throw;
+    }
     m_session.CurrentPage = page;
     ShowPageNumber();
     m_page.LoadPageView();

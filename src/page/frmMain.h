@@ -73,6 +73,7 @@ private:
     void SetLargeLayout();
     void ClickPicture1();
     void TurnPage(int page);
+    void StayOnPage();
     void ShowPageNumber();
     void SelectCell(int cell, bool warn);
     void ShowRecord(const KeySelection& selection);

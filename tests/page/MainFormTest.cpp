@@ -246,6 +246,10 @@ TEST(FrmMain, ARefusedRecordIsToldAndAFailureKeepsTheText) {
     ClickCell(main, 9);
     EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "TWO");
     EXPECT_EQ(CellOf(main, 8)->ShownState(), cellstate::kActive) << "still the selected key";
+    run.boxes.Expect("could not be used. Nothing was changed.");
+    Find<QScrollBar>(main, "scrlPage")->setValue(3);
+    EXPECT_EQ(Find<QScrollBar>(main, "scrlPage")->value(), 1) << "the page is not left";
+    EXPECT_EQ(LabelText(main, "lblCurrentPage"), "1");
     run.session.Keys().Execute("DROP TRIGGER \"Full\"");
     ClickCell(main, 9);
     EXPECT_EQ(RowOf(run, 8).Label, "TWO         ");
