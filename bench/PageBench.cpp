@@ -32,7 +32,7 @@ void LoadPages(benchmark::State& state) {
     program.OpenFirstSystem();
     PageView view(program.session);
     view.LoadSystem();
-    if (view.System().maxPage != kLargestPages)
+    if (view.System().MaxPage != kLargestPages)
         throw std::runtime_error("The open system is not the largest.");
     Pages pages;
     while (state.KeepRunning()) {

@@ -33,7 +33,7 @@ QString KeyRecord::Today() const {
 }
 
 QStringList KeyRecord::StoredCuts() const {
-    const auto pins = static_cast<std::size_t>(m_page.System().pinCount);
+    const auto pins = static_cast<std::size_t>(m_page.System().PinCount);
     const QString cuts = QString::fromStdString(m_page.Cell(m_cell).tag.substr(0, pins));
     return {Scrambled(cuts + u' '), Scrambled(cuts + u'*')};
 }

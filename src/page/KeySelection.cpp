@@ -73,7 +73,7 @@ void FillRecord(KeySelection& selection, const PageView& page, bool mayReadCuts)
     selection.serial = QString::number(cell.serial);
     selection.dateText = QStringLiteral("Date Created: ") + cell.date;
     selection.cuts = mayReadCuts ? QString::fromStdString(cell.tag) : QStringLiteral("********");
-    const auto pins = static_cast<std::size_t>(page.System().pinCount);
+    const auto pins = static_cast<std::size_t>(page.System().PinCount);
     selection.notRecommended =
         cell.tag.size() > pins && cell.tag[pins] == '*' && IsNoValue(selection.keyID);
 }
@@ -111,7 +111,7 @@ KeySelection SelectKey(const PageView& page, int cell, bool mayReadCuts) {
         const auto at = static_cast<std::size_t>(index);
         const PageCell& other = page.Cell(index);
         selection.states[at] = CellStateOf(index, relations[at], other.tag, other.HasLabel(),
-                                           page.System().pinCount, page.System().safetyFactor);
+                                           page.System().PinCount, page.System().safetyFactor);
     }
     return selection;
 }

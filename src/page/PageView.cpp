@@ -41,9 +41,9 @@ void PageView::LoadSystem() {
         m_system.lockBrand = row->LockBrand;
         m_system.notes = row->Notes;
         m_system.safetyFactor = row->SafetyFactor;
-        m_system.pinCount = row->NumberOfPins;
+        m_system.PinCount = row->NumberOfPins;
         m_system.increment = row->PinIncrement;
-        m_system.masterKeyCuts = Unscrambled(row->MasterKey).toStdString();
+        m_system.MasterKeyCuts = Unscrambled(row->MasterKey).toStdString();
     }
     const auto last =
         Recordset<PatternsRow>(keys, OfSystem(number)
@@ -51,13 +51,13 @@ void PageView::LoadSystem() {
                                          .OrderBy("Position", true))
             .First();
     if (last) {
-        m_system.isAngled = last->Position == kAnglePosition;
-        m_system.isIC = last->Position == kControlPosition;
-        if (m_system.isAngled || m_system.isIC)
-            m_system.specialCuts =
-                PlainCuts(*last).substr(0, static_cast<std::size_t>(m_system.pinCount));
+        m_system.SystemIsAngled = last->Position == kAnglePosition;
+        m_system.SystemIsIC = last->Position == kControlPosition;
+        if (m_system.SystemIsAngled || m_system.SystemIsIC)
+            m_system.SpecialCuts =
+                PlainCuts(*last).substr(0, static_cast<std::size_t>(m_system.PinCount));
     }
-    m_system.maxPage =
+    m_system.MaxPage =
         static_cast<int>(Recordset<PatternsRow>(keys, OfSystem(number)).Largest("PageNumber"));
 }
 
@@ -74,7 +74,7 @@ std::array<std::string, 5> PageView::ReadLevelTexts() const {
                                                      .Where("Position", 0)
                                                      .OrderBy("Serial"))
             .First();
-    return first ? LevelTexts(m_system.pinCount, PlainCuts(*first), m_system.masterKeyCuts)
+    return first ? LevelTexts(m_system.PinCount, PlainCuts(*first), m_system.MasterKeyCuts)
                  : std::array<std::string, 5>{};
 }
 
@@ -82,7 +82,7 @@ void PageView::FillCell(int index, const PatternsRow& row, const std::string& cu
     PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
     cell.serial = row.Serial;
     cell.isMaster = row.Master;
-    cell.tag = cuts.substr(0, static_cast<std::size_t>(m_system.pinCount) + 1);
+    cell.tag = cuts.substr(0, static_cast<std::size_t>(m_system.PinCount) + 1);
     SetRecord(index, row.Label, row.KeyWay, row.Department, row.Description, {});
 }
 
@@ -122,7 +122,7 @@ void PageView::LoadPageView() {
     if (m_session.CurrentPage == 0)
         m_session.CurrentPage = 1;
     m_loadedPage = m_session.CurrentPage;
-    const auto pins = static_cast<std::size_t>(m_system.pinCount);
+    const auto pins = static_cast<std::size_t>(m_system.PinCount);
     const auto fillLevel = [&](const PatternsRow& row, const std::string& cuts) {
         for (std::size_t level = 0; level < levels.size(); ++level) {
             if (levels[level].empty() || cuts.compare(0, pins, levels[level]) != 0)

@@ -31,13 +31,13 @@ struct PageCell {
 struct OpenSystem {
     QString name, address, lockBrand, notes;
     int safetyFactor = 0;
-    int pinCount = 0;
+    int PinCount = 0;
     int increment = 0;
-    std::string masterKeyCuts; ///< N digits
-    std::string specialCuts;   ///< the angles or the control key, N digits
-    bool isAngled = false;
-    bool isIC = false;
-    int maxPage = 0;
+    std::string MasterKeyCuts; ///< N digits
+    std::string SpecialCuts;   ///< the angles or the control key, N digits
+    bool SystemIsAngled = false;
+    bool SystemIsIC = false;
+    int MaxPage = 0;
 };
 
 /// The page model behind the main form: the open system and one page of its keys.

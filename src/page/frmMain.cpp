@@ -5,9 +5,7 @@
 #include "engine/CellStates.h"
 #include "page/KeyCell.h"
 #include "platform/Files.h"
-#include "platform/Recordset.h"
 #include "platform/Text.h"
-#include "store/DoorTables.h"
 #include "ui_frmMain.h"
 #include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
@@ -257,7 +255,7 @@ void frmMain::LoadForm() {
         m_session.boxes.Message(tr("No Map Files are available"), tr("File Access Error"));
     LoadDepartmentList();
     ShowSpecialCuts();
-    const int pages = m_page.System().maxPage;
+    const int pages = m_page.System().MaxPage;
     ui->lblMaxPage->setText(QString::number(pages));
     {
         // The page is read below, once.
@@ -278,13 +276,13 @@ void frmMain::ApplyPermissions() {
 
 void frmMain::ShowSystem() {
     const OpenSystem& system = m_page.System();
-    if (system.pinCount == 0)
+    if (system.PinCount == 0)
         return;
     ui->lblSystem->setText(system.name);
     ui->lblAddress->setText(system.address);
     ui->lblBrand->setText(system.lockBrand);
     ui->lblSafety->setText(QString::number(system.safetyFactor));
-    ui->lblNumofPins->setText(QString::number(system.pinCount));
+    ui->lblNumofPins->setText(QString::number(system.PinCount));
     ui->lblIncrement->setText(QString::number(system.increment));
     ui->lblNotes->setText(system.notes);
 }
@@ -292,13 +290,13 @@ void frmMain::ShowSystem() {
 void frmMain::ShowSpecialCuts() {
     const OpenSystem& system = m_page.System();
     const bool mayRead = m_session.SessionPermissions.ReadPrintPinning;
-    const QString cuts = mayRead ? QString::fromStdString(system.specialCuts) : QString();
-    ui->lblAngle->setText(system.isAngled ? cuts : QString());
-    ui->lblControlKey->setText(system.isIC ? cuts : QString());
+    const QString cuts = mayRead ? QString::fromStdString(system.SpecialCuts) : QString();
+    ui->lblAngle->setText(system.SystemIsAngled ? cuts : QString());
+    ui->lblControlKey->setText(system.SystemIsIC ? cuts : QString());
     for (QLabel* label : {ui->lblAngleLabel, ui->lblAngle})
-        label->setVisible(system.isAngled && mayRead);
+        label->setVisible(system.SystemIsAngled && mayRead);
     for (QLabel* label : {ui->lblControlKeyLabel, ui->lblControlKey})
-        label->setVisible(system.isIC && mayRead);
+        label->setVisible(system.SystemIsIC && mayRead);
 }
 
 void frmMain::Activated() {
@@ -339,7 +337,7 @@ void frmMain::ApplyLevelCaptions() {
         for (QLabel* label : {line.caption, line.id, line.description})
             label->setVisible(shown);
     };
-    const int pins = m_page.System().pinCount;
+    const int pins = m_page.System().PinCount;
     if (pins < 5 || pins > 7)
         return;
     show(Level::Grand, pins == 7);

@@ -39,9 +39,9 @@ protected:
 
 TEST_F(PageViewTest, APageShowsItsRowsAndItsLevels) {
     Open(StandardSystem("Six", "395172"));
-    EXPECT_EQ(page.System().maxPage, 64);
-    EXPECT_EQ(page.System().masterKeyCuts, "395172");
-    EXPECT_EQ(page.System().pinCount, 6);
+    EXPECT_EQ(page.System().MaxPage, 64);
+    EXPECT_EQ(page.System().MasterKeyCuts, "395172");
+    EXPECT_EQ(page.System().PinCount, 6);
     // Level rows are stored with the page that first brought them, yet show on every page.
     for (const int number : {1, 2, 17, 64}) {
         Turn(number);
@@ -145,10 +145,10 @@ TEST_F(PageViewTest, TheSpecialRowTellsTheTypeAndStandsInNoCell) {
         system.type = angled ? SystemType::AngledCut : SystemType::ICCore23;
         system.special = "4321";
         Open(system);
-        EXPECT_EQ(page.System().isAngled, angled);
-        EXPECT_EQ(page.System().isIC, !angled);
-        EXPECT_EQ(page.System().specialCuts, "4321");
-        EXPECT_EQ(page.System().maxPage, 4);
+        EXPECT_EQ(page.System().SystemIsAngled, angled);
+        EXPECT_EQ(page.System().SystemIsIC, !angled);
+        EXPECT_EQ(page.System().SpecialCuts, "4321");
+        EXPECT_EQ(page.System().MaxPage, 4);
         // Even where it carries a page number, or the cuts of a level.
         keys().Execute("UPDATE Patterns SET PageNumber = 1, Cuts = :c WHERE Position >= 190",
                        {Value(Scrambled("2715 "))});
@@ -158,8 +158,8 @@ TEST_F(PageViewTest, TheSpecialRowTellsTheTypeAndStandsInNoCell) {
             EXPECT_NE(Cell(cell).serial, last) << cell;
     }
     Open(StandardSystem("Standard", "2715"));
-    EXPECT_FALSE(page.System().isAngled || page.System().isIC);
-    EXPECT_EQ(page.System().specialCuts, "");
+    EXPECT_FALSE(page.System().SystemIsAngled || page.System().SystemIsIC);
+    EXPECT_EQ(page.System().SpecialCuts, "");
 }
 
 TEST_F(PageViewTest, AMissingSystemLeavesABlankPage) {
@@ -167,7 +167,7 @@ TEST_F(PageViewTest, AMissingSystemLeavesABlankPage) {
     DeleteKeySystem(program.session, program.session.ActiveSystemNumber);
     page.LoadSystem();
     Turn(1);
-    EXPECT_EQ(page.System().maxPage, 0);
+    EXPECT_EQ(page.System().MaxPage, 0);
     EXPECT_EQ(page.System().name, "");
     for (int cell = 0; cell < kAllCells; ++cell)
         EXPECT_TRUE(Cell(cell).IsBlank());

@@ -178,13 +178,23 @@ TEST_F(FrmCreateFile, CancelOnAFileWithoutSystemsEndsTheProgram) {
     EXPECT_TRUE(run.ended);
 }
 
-TEST(FrmOpenFile, OpensListsAndGoesToANewSystem) {
+/// The list on a file with two systems.
+class FrmOpenFile : public testing::Test {
+protected:
+    void SetUp() override {
+        CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
+        CreateKeySystem(run.session, StandardSystem("Quay", "395172"));
+        run.StartAndLogOn();
+        open = run.Form("frmOpenFile");
+        list = Find<QListWidget>(open, "lstSystemFiles");
+    }
+
     RunningProgram run;
-    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
-    CreateKeySystem(run.session, StandardSystem("Quay", "395172"));
-    run.StartAndLogOn();
-    QWidget* open = run.Form("frmOpenFile");
-    auto* list = Find<QListWidget>(open, "lstSystemFiles");
+    QWidget* open = nullptr;
+    QListWidget* list = nullptr;
+};
+
+TEST_F(FrmOpenFile, OpensListsAndGoesToANewSystem) {
     EXPECT_EQ(Lines(list), QStringList({"Pier", "Quay"}));
     EXPECT_EQ(list->currentRow(), 0);
     list->setCurrentRow(1);
@@ -203,13 +213,7 @@ TEST(FrmOpenFile, OpensListsAndGoesToANewSystem) {
     EXPECT_TRUE(run.ended);
 }
 
-TEST(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
-    RunningProgram run;
-    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
-    CreateKeySystem(run.session, StandardSystem("Quay", "2715"));
-    run.StartAndLogOn();
-    QWidget* open = run.Form("frmOpenFile");
-    auto* list = Find<QListWidget>(open, "lstSystemFiles");
+TEST_F(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
     list->setCurrentRow(1);
     QWidget elsewhere;
     elsewhere.show();
@@ -221,17 +225,12 @@ TEST(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
     EXPECT_EQ(list->currentRow(), 1) << "the selection stays";
 }
 
-TEST(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
-    RunningProgram run;
-    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
-    CreateKeySystem(run.session, StandardSystem("Quay", "2715"));
-    run.StartAndLogOn();
-    QWidget* open = run.Form("frmOpenFile");
-    auto* list = Find<QListWidget>(open, "lstSystemFiles");
+TEST_F(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
     list->setCurrentRow(1);
     run.boxes.Expect("\"Quay\"", BoxAnswer::No);
     Click(open, "cmdDelete");
-    EXPECT_TRUE(run.boxes.Last().text.contains("417 keys")) << run.boxes.Last().text.toStdString();
+    EXPECT_TRUE(run.boxes.Last().text.contains("6,741 keys"))
+        << run.boxes.Last().text.toStdString();
     EXPECT_EQ(list->count(), 2);
 
     list->setCurrentRow(1);
@@ -243,7 +242,7 @@ TEST(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
     EXPECT_TRUE(run.Form("frmCreateFile")) << "no system is left to choose";
 }
 
-TEST(FrmOpenFile, WithoutTheRightNothingButOpeningIsPossible) {
+TEST(FrmOpenFileRights, WithoutTheRightNothingButOpeningIsPossible) {
     RunningProgram run;
     CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
     auto account = *Recordset<ProgramUsersRow>(run.session.Keys()).First();
