@@ -10,19 +10,24 @@ namespace quorrel::bench {
 /// or a warning means that something else than planned is measured, and ends the run.
 class QuietBoxes : public Boxes {
 public:
-    BoxAnswer Message(const QString& text, const QString&, BoxButtons buttons,
-                      BoxIcon icon) override {
-        if (buttons != BoxButtons::Ok || icon == BoxIcon::Warning)
-            throw std::runtime_error("Unexpected box: " + text.toStdString());
-        return BoxAnswer::Ok;
+    QString OpenFile(const QString& title, const QString&) override {
+        throw std::runtime_error("Unexpected file dialog: " + title.toStdString());
     }
 
-    QString OpenFile(const QString& title, const QString&) override {
+    QString SaveFile(const QString& title, const QString&, const QString&) override {
         throw std::runtime_error("Unexpected file dialog: " + title.toStdString());
     }
 
     std::optional<QString> Input(const QString& text, const QString&, const QString&) override {
         throw std::runtime_error("Unexpected input box: " + text.toStdString());
+    }
+
+private:
+    BoxAnswer ShowMessage(const QString& text, const QString&, BoxButtons buttons,
+                          BoxIcon icon) override {
+        if (buttons != BoxButtons::Ok || icon == BoxIcon::Warning)
+            throw std::runtime_error("Unexpected box: " + text.toStdString());
+        return BoxAnswer::Ok;
     }
 };
 

@@ -5,6 +5,7 @@
 #include "access/frmLogon.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
+#include "pinning/frmPinningChart.h"
 #include "platform/Files.h"
 #include "start/Startup.h"
 #include "start/frmAbout.h"
@@ -122,6 +123,7 @@ void Program::ShowMain() {
         connect(m_main, &frmMain::ExitWanted, this, &Program::ShowExit);
         connect(m_main, &frmMain::LogoffWanted, this, &Program::ShowLogoff);
         connect(m_main, &frmMain::PinSizesWanted, this, &Program::ShowPinSizes);
+        connect(m_main, &frmMain::PinningWanted, this, &Program::ShowPinning);
         connect(m_main, &frmMain::NetworkWanted, this, &Program::ShowNetwork);
         connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
     }
@@ -169,6 +171,19 @@ void Program::ShowPinSizes(const QString& brand) {
             ShowMain();
     });
     sizes->show();
+}
+
+void Program::ShowPinning(const PinningRequest& request) {
+    auto chart = LoadPinningChart(m_session, request);
+    // The chart of a core has always asked for itself once more.
+    if (chart && request.IsCore())
+        chart = LoadPinningChart(m_session, request);
+    if (!chart)
+        return;
+    auto* form = Load(new frmPinningChart(m_session, *chart));
+    connect(form, &frmPinningChart::Closed, this, &Program::ShowMain);
+    m_main->hide();
+    form->show();
 }
 
 void Program::ShowNetwork() {

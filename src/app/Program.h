@@ -17,6 +17,7 @@ class HelpWindow;
 class frmLogoff;
 class frmMain;
 class frmNetwork;
+struct PinningRequest;
 
 /// The flow of the program: the only place that knows all forms. Forms ask for one another by
 /// signals; this shows, hides and unloads them.
@@ -57,6 +58,7 @@ private:
     void ShowAbout();
     void ShowLogoff();
     void ShowPinSizes(const QString& brand);
+    void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
     void ShowDrive();
     void ShowHelpIndex();

@@ -36,7 +36,6 @@ frmMain::frmMain(Session& session)
       m_record(session, m_page) {
     ui->setupUi(this);
     setProperty(kHelpContext, help::kMainPage);
-    ui->cmdPinning->setEnabled(false);
     ui->cmdPrintPage->setEnabled(false);
     SetFonts();
     BuildLegend();
@@ -55,6 +54,7 @@ frmMain::frmMain(Session& session)
     On(ui->Picture1_1, &QToolButton::clicked, [this] { ClickPicture1(); });
     On(ui->cmdLegend, &QPushButton::clicked,
        [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
+    On(ui->cmdPinning, &QPushButton::clicked, [this] { ShowPinning(); });
     On(ui->cmdHelp, &QPushButton::clicked, [this] { emit HelpWanted(help::kMainPage); });
     connect(ui->cmdExit, &QPushButton::clicked, ui->mnuFileExit, &QAction::trigger);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
@@ -269,6 +269,7 @@ void frmMain::LoadForm() {
 void frmMain::ApplyPermissions() {
     const Permissions& may = m_session.SessionPermissions;
     ui->mnuUsers->menuAction()->setEnabled(may.AddEditProgramUsers);
+    ui->cmdPinning->setEnabled(may.ReadPrintPinning);
     ui->mnuFileNew->setEnabled(may.CreateSystem);
     for (QAction* entry : {ui->mnuCompanyInfo, ui->mnuPinSizes, ui->mnuNetwork})
         entry->setEnabled(may.CreateSystem);
@@ -486,6 +487,42 @@ void frmMain::RepeatLastRecord() {
     ui->txtDescription->setPlainText(RightTrimmed(last.description));
     ui->cmbDepartment->setCurrentText(last.department);
     m_record.Forget();
+}
+
+void frmMain::ShowPinning() {
+    const BusyPointer busy;
+    SavePending(kLabelToLeavePage);
+    m_record.Forget();
+    const PageCell& cell = m_page.Cell(m_selectedCell);
+    const auto mark = static_cast<std::size_t>(m_page.System().PinCount);
+    if (cell.IsBlank())
+        m_session.boxes.Message(tr("There is no key in this cell. Click the key to pin for."),
+                                m_session.ProgramTitle);
+    else if (cell.tag.at(mark) == '*' && IsNoValue(ui->txtKeyID->text()))
+        m_session.boxes.Message(
+            tr("This Pattern is Not Recomended due to Safety Factor limitation"),
+            m_session.ProgramTitle);
+    else
+        emit PinningWanted(SelectedKey());
+}
+
+/// The selected key as the chart wants it.
+PinningRequest frmMain::SelectedKey() const {
+    const OpenSystem& system = m_page.System();
+    const auto pins = static_cast<std::size_t>(system.PinCount);
+    PinningRequest request;
+    request.system = ui->lblSystem->text();
+    request.address = ui->lblAddress->text();
+    request.lockBrand = ui->lblBrand->text();
+    request.department = ui->cmbDepartment->currentText();
+    request.description = ui->txtDescription->toPlainText();
+    request.keyID = ui->txtKeyID->text();
+    request.keyway = ui->txtKeyway->text();
+    request.key = m_page.Cell(m_selectedCell).tag.substr(0, pins);
+    request.master = m_page.Cell(system.PinCount + 101).tag.substr(0, pins);
+    if (system.SystemIsIC)
+        request.control = system.SpecialCuts;
+    return request;
 }
 
 void frmMain::ShowRecord(const KeySelection& selection) {

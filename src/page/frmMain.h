@@ -3,6 +3,7 @@
 #include "page/KeyRecord.h"
 #include "page/KeySelection.h"
 #include "page/PageView.h"
+#include "pinning/PinningChart.h"
 #include "widgets/Form.h"
 
 #include <QMainWindow>
@@ -40,6 +41,7 @@ signals:
     void CompanyWanted();
     void NetworkWanted();
     void PinSizesWanted(const QString& brand);
+    void PinningWanted(const PinningRequest& request);
     void AboutWanted();
     void ExitWanted();
     void HelpWanted(int context);
@@ -66,6 +68,8 @@ private:
     void RaiseCase(QObject* field);
     void SavePending(int leastLabel);
     void RepeatLastRecord();
+    void ShowPinning();
+    PinningRequest SelectedKey() const;
     void AddShortcuts();
     void LoadDepartmentList();
     void LoadLogo();

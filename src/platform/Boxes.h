@@ -16,13 +16,23 @@ public:
     virtual ~Boxes() = default;
 
     /// Shows a message and waits for the answer. Closing the box answers No or Cancel.
-    virtual BoxAnswer Message(const QString& text, const QString& title,
-                              BoxButtons buttons = BoxButtons::Ok,
-                              BoxIcon icon = BoxIcon::None) = 0;
+    BoxAnswer Message(const QString& text, const QString& title,
+                      BoxButtons buttons = BoxButtons::Ok, BoxIcon icon = BoxIcon::None) {
+        m_lastAnswer = ShowMessage(text, title, buttons, icon);
+        return *m_lastAnswer;
+    }
+
+    /// The answer that the last message got, whoever showed it; none before the first.
+    std::optional<BoxAnswer> LastAnswer() const { return m_lastAnswer; }
 
     /// Lets the user choose an existing file. `filter` holds pairs "Name|*.ext;*.ext" joined by
     /// "|". Gives an empty text when nothing was chosen.
     virtual QString OpenFile(const QString& title, const QString& filter) = 0;
+
+    /// Lets the user choose where to write a file, beginning at a proposed name; the box asks
+    /// before an existing one is taken. Gives an empty text when nothing was chosen.
+    virtual QString SaveFile(const QString& title, const QString& filter,
+                             const QString& proposal) = 0;
 
     /// Asks for a line of text. Nothing when the user cancels.
     virtual std::optional<QString> Input(const QString& text, const QString& title,
@@ -31,6 +41,12 @@ public:
     bool Confirms(const QString& text, const QString& title) {
         return Message(text, title, BoxButtons::YesNo, BoxIcon::Question) == BoxAnswer::Yes;
     }
+
+private:
+    virtual BoxAnswer ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
+                                  BoxIcon icon) = 0;
+
+    std::optional<BoxAnswer> m_lastAnswer;
 };
 
 } // namespace quorrel

@@ -34,6 +34,13 @@ int IntVal(const QString& text) {
     return static_cast<int>(std::clamp(std::floor(Val(text)), -limit, limit));
 }
 
+QString Str(double number) {
+    QString text = QString::number(std::abs(number), 'g', 15);
+    if (text.startsWith(QLatin1String("0.")))
+        text.remove(0, 1);
+    return (number < 0 ? u'-' : u' ') + text;
+}
+
 QString Padded(const QString& text, int width) {
     return text.leftJustified(width, u' ', true);
 }

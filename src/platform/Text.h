@@ -15,6 +15,10 @@ double Val(const QString& text);
 /// `Val` rounded down to a whole number, held within the range of an int.
 int IntVal(const QString& text);
 
+/// A number's decimal text to 15 significant digits: a blank before one that isn't negative, and
+/// no zero before the point.
+QString Str(double number);
+
 /// Text cut or filled with blanks on the right to exactly `width` characters.
 QString Padded(const QString& text, int width);
 

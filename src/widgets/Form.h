@@ -26,12 +26,16 @@ public:
     BusyPointer& operator=(const BusyPointer&) = delete;
 };
 
-/// Puts a window on the screen: half of the free room to its left and above is the middle, a
-/// quarter nearer to the top left corner.
-inline void PlaceOnScreen(QWidget& window, double share = 0.5) {
+/// Puts a window on the screen, with these shares of the free room to its left and above it: two
+/// halves are the middle, two quarters nearer to the top left corner.
+inline void PlaceOnScreen(QWidget& window, double left, double above) {
     const QRect free = window.screen()->availableGeometry();
-    window.move(free.x() + static_cast<int>((free.width() - window.width()) * share),
-                free.y() + static_cast<int>((free.height() - window.height()) * share));
+    window.move(free.x() + static_cast<int>((free.width() - window.width()) * left),
+                free.y() + static_cast<int>((free.height() - window.height()) * above));
+}
+
+inline void PlaceOnScreen(QWidget& window, double share = 0.5) {
+    PlaceOnScreen(window, share, share);
 }
 
 /// What every form has in common, over the window class that it is: the session, one place for

@@ -11,6 +11,7 @@ inline constexpr int kLogon = 10;
 inline constexpr int kOpenSystem = 20;
 inline constexpr int kCreateSystem = 30;
 inline constexpr int kPinSizes = 35;
+inline constexpr int kPinningChart = 36;
 inline constexpr int kLogoff = 12;
 inline constexpr int kMainPage = 60;
 inline constexpr int kExit = 65;

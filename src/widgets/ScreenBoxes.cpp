@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -49,8 +50,8 @@ QString ToolkitFilter(const QString& filter) {
 
 } // namespace
 
-BoxAnswer ScreenBoxes::Message(const QString& text, const QString& title, BoxButtons buttons,
-                               BoxIcon icon) {
+BoxAnswer ScreenBoxes::ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
+                                   BoxIcon icon) {
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
@@ -80,6 +81,15 @@ BoxAnswer ScreenBoxes::Message(const QString& text, const QString& title, BoxBut
 QString ScreenBoxes::OpenFile(const QString& title, const QString& filter) {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, {},
                                         ToolkitFilter(filter));
+}
+
+QString ScreenBoxes::SaveFile(const QString& title, const QString& filter,
+                              const QString& proposal) {
+    QFileDialog dialog(QApplication::activeWindow(), title, {}, ToolkitFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(proposal);
+    dialog.setDefaultSuffix(QFileInfo(proposal).suffix());
+    return dialog.exec() ? dialog.selectedFiles().value(0) : QString();
 }
 
 std::optional<QString> ScreenBoxes::Input(const QString& text, const QString& title,

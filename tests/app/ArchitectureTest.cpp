@@ -26,8 +26,9 @@ const Rule kRules[] = {
     {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},
     {"platform", "platform/.*", kCore + "|<soci/.*|\"platform/.*", 20},
     {"store", "store/.*", kCore + "|\"(store|platform|engine)/.*", 20},
-    // A room's logic begins with a capital; the page's grid and its cells are windows.
-    {"logic", "(?!engine|platform|store|widgets|app)[a-z]+/(?!KeyCell|PageGrid)[A-Z].*",
+    // A room's logic begins with a capital; these are windows or drawn for them.
+    {"logic",
+     "(?!engine|platform|store|widgets|app)[a-z]+/(?!KeyCell|PageGrid|Cylinder|ChartPage)[A-Z].*",
      kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
     {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};

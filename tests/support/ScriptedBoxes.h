@@ -43,14 +43,14 @@ public:
     /// The box shown last.
     Shown Last() const { return m_shown.empty() ? Shown{} : m_shown.back(); }
 
-    BoxAnswer Message(const QString& text, const QString& title, BoxButtons buttons,
-                      BoxIcon) override {
-        m_shown.push_back({text, title, buttons});
-        return Next(text).answer;
-    }
-
     QString OpenFile(const QString& title, const QString& filter) override {
         m_shown.push_back({filter, title, BoxButtons::OkCancel});
+        return Next(filter).path;
+    }
+
+    QString SaveFile(const QString& title, const QString& filter,
+                     const QString& proposal) override {
+        m_shown.push_back({filter + u'|' + proposal, title, BoxButtons::OkCancel});
         return Next(filter).path;
     }
 
@@ -67,6 +67,12 @@ private:
         BoxAnswer answer;
         QString path;
     };
+
+    BoxAnswer ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
+                          BoxIcon) override {
+        m_shown.push_back({text, title, buttons});
+        return Next(text).answer;
+    }
 
     Expected Next(const QString& text) {
         if (m_expected.empty()) {

@@ -31,12 +31,15 @@ namespace {
 /// Nobody sits before this workstation.
 class NoBoxes : public Boxes {
 public:
-    BoxAnswer Message(const QString& text, const QString&, BoxButtons, BoxIcon) override {
-        throw std::runtime_error(text.toStdString());
-    }
     QString OpenFile(const QString&, const QString&) override { return {}; }
+    QString SaveFile(const QString&, const QString&, const QString&) override { return {}; }
     std::optional<QString> Input(const QString&, const QString&, const QString&) override {
         return std::nullopt;
+    }
+
+private:
+    BoxAnswer ShowMessage(const QString& text, const QString&, BoxButtons, BoxIcon) override {
+        throw std::runtime_error(text.toStdString());
     }
 };
 
