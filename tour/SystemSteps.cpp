@@ -143,10 +143,10 @@ void CreateSecond(Tour& tour) {
 void CheckList(Walker& walker) {
     walker.Enter("frmOpenFile");
     const auto& list = walker.Find<QListWidget>(QStringLiteral("lstSystemFiles"));
-    walker.Check(list.count() == 2,
-                 QStringLiteral("The list has %1 systems, not 2").arg(list.count()));
+    walker.Check(list.count() == 3,
+                 QStringLiteral("The list has %1 systems, not 3").arg(list.count()));
     walker.Check(list.item(0)->text() == kFirstName && list.item(1)->text() == kSecondName,
-                 QStringLiteral("The list does not name the two systems"));
+                 QStringLiteral("The list does not name the first two systems"));
     walker.Check(list.currentRow() == 0, QStringLiteral("The first system is not selected"));
 }
 

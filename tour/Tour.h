@@ -24,11 +24,17 @@ void WalkFirstSystem(Tour& tour);
 /// The page view of the first key system.
 void WalkPages(Tour& tour);
 
+/// Pinning charts of the first key system.
+void WalkPinning(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 
 /// The windows that the main form leads to, ending on the main form.
 void WalkAside(Tour& tour);
+
+/// A third key system, of interchangeable cores, and a pinning chart of it.
+void WalkCore(Tour& tour);
 
 /// The list of key systems and the way out.
 void WalkListAndExit(Tour& tour);

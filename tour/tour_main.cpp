@@ -99,8 +99,10 @@ void Walk(const Options& options) {
     WalkStart(tour);
     WalkFirstSystem(tour);
     WalkPages(tour);
+    WalkPinning(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
+    WalkCore(tour);
     WalkListAndExit(tour);
     walker.Check(ended, QStringLiteral("The program has not ended"));
     walker.Check(!session.KeySystemDatabase, QStringLiteral("The key file is still open"));

@@ -15,7 +15,7 @@ namespace {
 constexpr double kPitch = 7; ///< from chamber to chamber
 constexpr double kPinWidth = 4.2;
 constexpr double kBow = 9;       ///< room for the key's bow on the left
-constexpr double kLabels = 21;   ///< room for the words on the right
+constexpr double kLabels = 26;   ///< room for the words on the right
 constexpr double kBlade = -17;   ///< the blade's lower edge
 constexpr double kShoulder = -3; ///< the blade before it is cut
 constexpr double kSpring = 4;
@@ -222,7 +222,7 @@ private:
             m_painter.setPen(Pen(m_look.ink, 0.15));
             m_painter.setBrush(look.colour);
             m_painter.drawRect(Box(left, left + 2, height - 1, height + 1));
-            Write(Box(left + 3, left + kLabels - 4, height - 1.5, height + 1.5),
+            Write(Box(left + 3, left + kLabels - 5, height - 1.5, height + 1.5),
                   Qt::AlignLeft | Qt::AlignVCenter,
                   QCoreApplication::translate("Cylinder", look.name), m_look.ink);
             height -= 3;
