@@ -16,6 +16,8 @@ inline constexpr int kPinSizeLength = 4;
 /// The lengths of a brand's pins, for each cut 0 to 9.
 struct PinSizes {
     std::array<QString, 10> bottom, top;
+
+    friend bool operator==(const PinSizes&, const PinSizes&) = default;
 };
 
 /// The lock brands to choose from: named, and not hidden by two leading blanks.

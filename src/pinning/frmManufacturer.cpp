@@ -82,6 +82,7 @@ void frmManufacturer::ShowSizes(const PinSizes& sizes) {
         m_sizes[cut]->setText(sizes.bottom[cut].trimmed());
         m_sizes[10 + cut]->setText(sizes.top[cut].trimmed());
     }
+    m_shownSizes = TypedSizes();
 }
 
 PinSizes frmManufacturer::TypedSizes() const {
@@ -96,7 +97,23 @@ PinSizes frmManufacturer::TypedSizes() const {
     return sizes;
 }
 
+/// What was typed for the brand that is shown is not dropped without a word.
+void frmManufacturer::OfferToSave() {
+    const PinSizes typed = TypedSizes();
+    if (typed == m_shownSizes || m_shownBrand.trimmed().isEmpty() ||
+        !m_session.SessionPermissions.CreateSystem)
+        return;
+    m_shownSizes = typed;
+    if (m_session.boxes.Confirms(
+            tr("The pin sizes of %1 are not saved. Save them now?").arg(m_shownBrand),
+            m_session.ProgramTitle)) {
+        FindOrAddPinSizes(m_session, m_shownBrand);
+        SavePinSizes(m_session, m_shownBrand, typed);
+    }
+}
+
 void frmManufacturer::BrandChosen() {
+    OfferToSave();
     m_shownBrand = ui->cmbLockBrand->currentText();
     ShowSizes(FindPinSizes(m_session, ui->cmbLockBrand->currentText()).value_or(PinSizes()));
 }
@@ -122,6 +139,7 @@ void frmManufacturer::Save() {
     const PinSizes typed = TypedSizes();
     FindOrAddPinSizes(m_session, brand);
     SavePinSizes(m_session, brand, typed);
+    m_shownSizes = typed;
     BrandChosen();
 }
 
@@ -133,12 +151,14 @@ void frmManufacturer::DeleteBrand() {
                                   m_session.ProgramTitle))
         return;
     DeleteLockBrand(m_session, brand);
+    m_shownSizes = TypedSizes();
     FillBrands({});
     ui->cmbLockBrand->setCurrentIndex(0);
     BrandChosen();
 }
 
 bool frmManufacturer::Unloading() {
+    OfferToSave();
     m_closing = true;
     emit Closed();
     return true;

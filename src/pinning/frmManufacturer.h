@@ -36,6 +36,7 @@ private:
     PinSizes TypedSizes() const;
     void BrandChosen();
     void BrandLeft();
+    void OfferToSave();
     void PointTyped(int box);
     void Save();
     void DeleteBrand();
@@ -43,6 +44,7 @@ private:
     std::unique_ptr<Ui::frmManufacturer> ui;
     std::array<QLineEdit*, 20> m_sizes{}; ///< `txtBottom_0` to `_9`, then `txtTop_0` to `_9`
     QString m_shownBrand;                 ///< whose sizes are shown
+    PinSizes m_shownSizes;                ///< as they came up
     bool m_closing = false;
 };
 

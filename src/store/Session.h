@@ -62,6 +62,10 @@ struct Session {
     int MapFilingNumber = 0; ///< the number that its maps are filed under
     int CurrentPage = 0;
 
+    // Doors and holders.
+    double HighDoorNumber = 0;    ///< highest running number of a door that was met
+    bool DepartmentFound = false; ///< a department typed for a new holder was known already
+
     /// The database of key systems. Throws `DatabaseError` when it is not open.
     Database& Keys() {
         if (!KeySystemDatabase)
