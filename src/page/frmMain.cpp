@@ -191,8 +191,11 @@ void frmMain::SelectWhole(QObject* field) {
 }
 
 void frmMain::RaiseCase(QObject* field) {
-    if (field == ui->txtKeyID)
-        ui->txtKeyID->setText(RightTrimmed(ui->txtKeyID->text().toUpper()));
+    if (field == ui->txtKeyID) {
+        const QString text = ui->txtKeyID->text().toUpper();
+        // A blank that takes the Key ID away stays until the key is left.
+        ui->txtKeyID->setText(text.trimmed().isEmpty() ? text.left(1) : RightTrimmed(text));
+    }
     if (field == ui->txtKeyway)
         ui->txtKeyway->setText(ui->txtKeyway->text().toUpper());
     if (field == ui->cmbDepartment)

@@ -211,6 +211,20 @@ TEST(FrmMain, LeavingAKeySavesItsRecord) {
     EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "BACK");
 }
 
+TEST(FrmMain, ABlankTakesTheKeyIDAway) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "gone");
+    ClickCell(main, 7);
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "   ");
+    run.boxes.Expect("Are you sure you want to save changes to this record?", BoxAnswer::Yes);
+    ClickCell(main, 7);
+    EXPECT_TRUE(Recordset<AllKeysRow>(run.session.Keys()).Empty());
+    EXPECT_EQ(CellOf(main, 6)->ShownState(), 0);
+}
+
 TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
