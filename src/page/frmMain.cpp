@@ -29,6 +29,10 @@ constexpr int kDescriptionLength = 250;
 /// another cell saves one of a single character too.
 constexpr int kLabelToLeavePage = 2;
 
+QString NotYet() {
+    return frmMain::tr("This window is not part of this version yet.");
+}
+
 } // namespace
 
 frmMain::frmMain(Session& session)
@@ -37,10 +41,10 @@ frmMain::frmMain(Session& session)
     ui->setupUi(this);
     setProperty(kHelpContext, help::kMainPage);
     ui->cmdPinning->setEnabled(false);
-    ui->cmdPrintPage->setEnabled(false);
     SetFonts();
     BuildLegend();
     WatchMenu();
+    WatchHelpMenu();
     WatchRecord();
     On(ui->grdPage, &PageGrid::CellClicked, [this](int cell) { ClickCell(cell); });
     On(ui->scrlPage, &QScrollBar::valueChanged, [this](int page) { TurnPage(page); });
@@ -84,49 +88,85 @@ void frmMain::SetFonts() {
     ui->grdLevels->setColumnMinimumWidth(0, widest);
 }
 
+/// The entries that do nothing but lead to a form.
+std::vector<frmMain::FormEntry> frmMain::FormEntries() const {
+    const Permissions& may = m_session.SessionPermissions;
+    return {{ui->mnuPrintDoors, "frmDoorsList", true},
+            {ui->mnuHardware, "frmPrintHardware", true},
+            {ui->mnuKeysByDepartment, "frmKeysbyDepartment", true},
+            {ui->mnuKeysByUsers, "frmKeysbyUsers", true},
+            {ui->mnuPrintKeyChart, "frmPrintKeyPages", true},
+            {ui->mnuPrintChart, "frmPrintPinning", may.ReadPrintPinning},
+            {ui->mnuUnKeyed, "frmUKDoorsList", true},
+            {ui->mnuFileExit, "frmExit", true},
+            {ui->mnuCompanyInfo, "frmCompanyInfo", may.CreateSystem},
+            {ui->mnuEditDepartment, "frmDepartments", true},
+            {ui->mnuEditHardware, "frmEditHardware", true},
+            {ui->mnuNetwork, "frmNetwork", may.CreateSystem && may.AddEditProgramUsers},
+            {ui->mnuAssignDoors, "frmDoors", may.IssueKeys},
+            {ui->mnuAssignUsers, "frmKeyUsers", true},
+            {ui->mnuMapFiles, "frmMapFiles", may.CreateSystem},
+            {ui->mnuCurrent, "frmFindKey", true},
+            {ui->mnuReturned, "frmDBReturnKey", may.AddEditProgramUsers},
+            {ui->mnuLost, "frmDBLostKeys", may.AddEditProgramUsers},
+            {ui->mnuHelpAbout, "frmAbout", true}};
+}
+
 void frmMain::WatchMenu() {
-    // Every entry first saves a pending edit of the key.
-    const auto on = [this](QAction* entry, auto action) {
-        On(entry, &QAction::triggered, [this, action] {
-            SavePending(kLabelToLeavePage);
-            action();
-        });
-    };
-    on(ui->mnuFileNew, [this] {
-        LeaveSystem();
-        emit NewSystemWanted();
-        close();
-    });
-    on(ui->mnuFileOpen, [this] {
-        LeaveSystem();
-        emit OpenSystemWanted();
-        close();
-    });
-    on(ui->mnuFileExit, [this] {
-        hide();
-        emit ExitWanted();
-    });
-    on(ui->mnuCompanyInfo, [this] {
-        m_session.CompanyInfoEmpty = false;
-        hide();
-        emit CompanyWanted();
-    });
-    on(ui->mnuNetwork, [this] {
-        if (!m_session.SessionPermissions.AddEditProgramUsers)
+    for (const FormEntry& entry : FormEntries())
+        On(entry.action, &QAction::triggered,
+           [this, form = QString::fromLatin1(entry.form)] { AskFor(form); });
+    connect(ui->mnuFind->menuAction(), &QAction::triggered, ui->mnuCurrent, &QAction::trigger);
+    On(ui->mnuFileNew, &QAction::triggered,
+       [this] { LeaveSystem(QStringLiteral("frmCreateFile")); });
+    On(ui->mnuFileOpen, &QAction::triggered,
+       [this] { LeaveSystem(QStringLiteral("frmOpenFile")); });
+    On(ui->mnuPinSizes, &QAction::triggered, [this] {
+        if (!SavePending(kLabelToLeavePage))
             return;
-        hide();
-        emit NetworkWanted();
-    });
-    on(ui->mnuPinSizes, [this] {
-        hide();
         emit PinSizesWanted(ui->lblBrand->text());
-    });
-    on(ui->mnuHelpContents, [this] { emit HelpWanted(help::kContents); });
-    on(ui->mnuHelpIndex, [this] { emit HelpIndexWanted(); });
-    on(ui->mnuHelpAbout, [this] {
         hide();
-        emit AboutWanted();
     });
+    On(ui->mnuUsersAdd, &QAction::triggered, [this] {
+        if (m_session.SessionPermissions.AddEditProgramUsers)
+            AskFor(QStringLiteral("frmPermissions"));
+        else if (SavePending(kLabelToLeavePage))
+            m_session.boxes.Message(tr("You Do Not Have Permission to Set User Paramiters"),
+                                    m_session.ProgramTitle);
+    });
+}
+
+void frmMain::WatchHelpMenu() {
+    On(ui->mnuHelpContents, &QAction::triggered, [this] {
+        if (SavePending(kLabelToLeavePage))
+            emit HelpWanted(help::kContents);
+    });
+    On(ui->mnuHelpIndex, &QAction::triggered, [this] {
+        if (SavePending(kLabelToLeavePage))
+            emit HelpIndexWanted();
+    });
+}
+
+void frmMain::AskFor(const QString& formName) {
+    if (!SavePending(kLabelToLeavePage))
+        return;
+    emit FormWanted(formName);
+    hide();
+}
+
+void frmMain::LeaveSystem(const QString& formName) {
+    // Whatever length the Key ID has: there is no coming back to it.
+    if (!SavePending(1))
+        return;
+    emit FormWanted(formName);
+    hide();
+    m_leavingSystem = true;
+    close();
+}
+
+void frmMain::OfferForms(const QSet<QString>& names) {
+    m_offered = names;
+    ApplyPermissions();
 }
 
 void frmMain::WatchRecord() {
@@ -202,13 +242,14 @@ void frmMain::RaiseCase(QObject* field) {
         ui->cmbDepartment->setEditText(ui->cmbDepartment->currentText().toUpper());
 }
 
-void frmMain::SavePending(int leastLabel) {
+/// False when the record is refused.
+bool frmMain::SavePending(int leastLabel) {
     if (!m_record.PageDirty() || ui->txtKeyID->text().size() < leastLabel)
-        return;
+        return true;
     const BusyPointer busy;
     KeyRecordText screen{ui->txtKeyID->text(), ui->txtKeyway->text(),
                          ui->cmbDepartment->currentText(), ui->txtDescription->toPlainText()};
-    m_record.SaveKeyRecord(screen);
+    const bool accepted = m_record.SaveKeyRecord(screen);
     // What holds now is shown; it is no edit of the user's.
     const bool stillDirty = m_record.PageDirty();
     ui->txtKeyID->setText(screen.keyID);
@@ -216,6 +257,7 @@ void frmMain::SavePending(int leastLabel) {
     LoadDepartmentList();
     if (!stillDirty)
         m_record.Forget();
+    return accepted;
 }
 
 void frmMain::AddShortcuts() {
@@ -232,20 +274,17 @@ void frmMain::AddShortcuts() {
     });
 }
 
-void frmMain::LeaveSystem() {
-    hide();
-    m_leavingSystem = true;
-}
-
 bool frmMain::Unloading() {
+    if (m_leavingSystem)
+        return true;
     try {
-        SavePending(1);
+        if (!SavePending(1))
+            return false;
     } catch (...) {
         m_record.Forget(); // Whoever closes the form once more means it.
         throw;
     }
-    if (!m_leavingSystem)
-        emit ExitWanted();
+    emit FormWanted(QStringLiteral("frmExit"));
     return true;
 }
 
@@ -269,12 +308,27 @@ void frmMain::LoadForm() {
     ApplyLevelCaptions();
 }
 
+/// Dims what the user has no right to, and what leads nowhere.
 void frmMain::ApplyPermissions() {
     const Permissions& may = m_session.SessionPermissions;
     ui->mnuUsers->menuAction()->setEnabled(may.AddEditProgramUsers);
-    ui->mnuFileNew->setEnabled(may.CreateSystem);
-    for (QAction* entry : {ui->mnuCompanyInfo, ui->mnuPinSizes, ui->mnuNetwork})
-        entry->setEnabled(may.CreateSystem);
+    ui->mnuFilePrint->menuAction()->setEnabled(may.RunReports);
+    auto entries = FormEntries();
+    entries.insert(entries.end(), {{ui->mnuFileNew, "frmCreateFile", may.CreateSystem},
+                                   {ui->mnuFileOpen, "frmOpenFile", true},
+                                   {ui->mnuPinSizes, "frmManufacturer", may.CreateSystem},
+                                   {ui->mnuUsersAdd, "frmPermissions", true}});
+    for (const FormEntry& entry : entries) {
+        const bool offered = m_offered.contains(QLatin1String(entry.form));
+        entry.action->setEnabled(offered && entry.allowed);
+        entry.action->setToolTip(offered ? QString() : NotYet());
+    }
+    for (QAction* entry : {ui->mnuPrintAll, ui->mnuPrintKeys, ui->mnuFilePrinter}) {
+        entry->setEnabled(false);
+        entry->setToolTip(NotYet());
+    }
+    ui->cmdPrintPage->setEnabled(false);
+    ui->cmdPrintPage->setToolTip(NotYet());
 }
 
 void frmMain::ShowSystem() {

@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScrollBar>
 #include <QToolButton>
 
@@ -287,21 +286,6 @@ TEST(FrmMain, LayoutsAndLegendAreToggled) {
     EXPECT_TRUE(legend->isVisible());
     Click(main, "cmdLegend");
     EXPECT_FALSE(legend->isVisible());
-}
-
-TEST(FrmMain, RightsDimTheMenu) {
-    RunningProgram run;
-    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
-    auto account = *Recordset<ProgramUsersRow>(run.session.Keys()).First();
-    account.CreateSystem = account.AddEditProgramUsers = false;
-    Recordset<ProgramUsersRow>::Update(run.session.Keys(), account);
-    run.StartAndLogOn();
-    Click(run.Form("frmOpenFile"), "cmdOpen");
-    QWidget* main = run.Form("frmMain");
-    EXPECT_FALSE(Find<QAction>(main, "mnuFileNew")->isEnabled());
-    EXPECT_FALSE(Find<QAction>(main, "mnuCompanyInfo")->isEnabled());
-    EXPECT_FALSE(Find<QMenu>(main, "mnuUsers")->menuAction()->isEnabled());
-    EXPECT_TRUE(Find<QAction>(main, "mnuFileOpen")->isEnabled());
 }
 
 TEST(FrmMain, SaysWhenNoMapFilesAreThere) {
