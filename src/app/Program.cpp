@@ -136,6 +136,8 @@ void Program::ShowMain() {
         connect(m_main, &frmMain::FormWanted, this,
                 [this](const QString& form) { ShowFromMain(form); });
         leadsTo(&frmMain::PinSizesWanted, "frmManufacturer");
+        leadsTo(&frmMain::DoorWanted, "frmDoors");
+        leadsTo(&frmMain::KeyUserWanted, "frmKeyUsers");
         connect(m_main, &frmMain::LogoffWanted, this, &Program::ShowLogoff);
         connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
     }

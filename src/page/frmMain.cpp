@@ -4,6 +4,7 @@
 #include "access/IdleWatch.h"
 #include "engine/CellStates.h"
 #include "page/KeyCell.h"
+#include "page/KeyLists.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
 #include "ui_frmMain.h"
@@ -17,6 +18,7 @@
 #include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -28,6 +30,9 @@ constexpr int kDescriptionLength = 250;
 /// Characters that a Key ID must have to be saved when the page or the form is left. A click on
 /// another cell saves one of a single character too.
 constexpr int kLabelToLeavePage = 2;
+
+/// What the page and the selected key take of the form's width at first, in pixels.
+constexpr int kPageWidth = 1020;
 
 QString NotYet() {
     return frmMain::tr("This window is not part of this version yet.");
@@ -41,11 +46,17 @@ frmMain::frmMain(Session& session)
     ui->setupUi(this);
     setProperty(kHelpContext, help::kMainPage);
     ui->cmdPinning->setEnabled(false);
+    // A larger window is shared: it is the lists that run short of room.
+    ui->splMain->setStretchFactor(0, 1);
+    ui->splMain->setStretchFactor(1, 1);
+    ui->splMain->setSizes({kPageWidth, width() - kPageWidth});
+    resize(size().boundedTo(screen()->availableSize()));
     SetFonts();
     BuildLegend();
     WatchMenu();
     WatchHelpMenu();
     WatchRecord();
+    WatchLists();
     On(ui->grdPage, &PageGrid::CellClicked, [this](int cell) { ClickCell(cell); });
     On(ui->scrlPage, &QScrollBar::valueChanged, [this](int page) { TurnPage(page); });
     On(ui->scrlPage, &QScrollBar::sliderMoved, [this](int page) {
@@ -71,7 +82,10 @@ frmMain::frmMain(Session& session)
     Guarded([this] { LoadForm(); });
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // A box that loses the focus while the form goes no longer fills its list.
+    ui->lists->disconnect(this);
+}
 
 void frmMain::SetFonts() {
     QFont bold = font();
@@ -167,6 +181,58 @@ void frmMain::LeaveSystem(const QString& formName) {
 void frmMain::OfferForms(const QSet<QString>& names) {
     m_offered = names;
     ApplyPermissions();
+}
+
+void frmMain::WatchLists() {
+    On(ui->lists, &ListArea::KeysWanted, [this](const QString& filter) {
+        const BusyPointer busy;
+        ui->lists->ShowKeys(FillKeyList(m_session, filter));
+    });
+    On(ui->lists, &ListArea::DoorsWanted, [this](const QString& filter) {
+        const BusyPointer busy;
+        ui->lists->ShowDoors(
+            FillDoorList(m_session, m_page, m_selectedCell, ui->txtKeyID->text(), filter));
+    });
+    On(ui->lists, &ListArea::UsersWanted, [this](const QString& filter) {
+        const BusyPointer busy;
+        ui->lists->ShowUsers(FillUserList(m_session, ui->txtKeyID->text(), filter));
+    });
+    On(ui->lists, &ListArea::KeyChosen, [this](int page, int cell) { BringUp(page, cell); });
+    On(ui->lists, &ListArea::DoorChosen, [this](const QString& label) {
+        if (!MayLeaveFor("frmDoors"))
+            return;
+        emit DoorWanted(label);
+        hide();
+    });
+    On(ui->lists, &ListArea::UserChosen, [this](const QString& userID) {
+        if (!MayLeaveFor("frmKeyUsers"))
+            return;
+        emit KeyUserWanted(userID);
+        hide();
+    });
+}
+
+/// True when a line of a list can lead to its form, and nothing that was typed is lost by it.
+bool frmMain::MayLeaveFor(const char* formName) {
+    if (m_offered.contains(QLatin1String(formName)))
+        return SavePending(1);
+    QToolTip::showText(ui->lists->mapToGlobal(ui->lists->rect().center()), NotYet());
+    return false;
+}
+
+/// Shows the page of a key and selects it.
+void frmMain::BringUp(int page, int cell) {
+    const BusyPointer busy;
+    if (!SavePending(kLabelToLeavePage))
+        return;
+    m_record.Forget();
+    ui->scrlPage->setValue(page);
+    if (m_page.LoadedPage() != page)
+        return; // It could not be read, and the user has been told.
+    // Another workstation may have changed a page that was here before.
+    m_page.LoadPageView();
+    m_page.LoadingPage = false;
+    ClickCell(cell);
 }
 
 void frmMain::WatchRecord() {
@@ -272,6 +338,7 @@ void frmMain::AddShortcuts() {
         else
             ui->grdPage->setFocus();
     });
+    on(Qt::Key_F7, [this] { ui->lists->FocusNext(); });
 }
 
 bool frmMain::Unloading() {
@@ -524,6 +591,7 @@ void frmMain::SelectCell(int cell, bool warn) {
     PaintCells(selection);
     RepeatLastRecord();
     ui->txtKeyID->setFocus();
+    ui->lists->ClearKey();
     if (!warn)
         return;
     if (selection.notRecommended)

@@ -44,6 +44,8 @@ signals:
     /// A form is wanted in place of this one.
     void FormWanted(const QString& formName);
     void PinSizesWanted(const QString& brand);
+    void DoorWanted(const QString& doorLabel);
+    void KeyUserWanted(const QString& userID);
     void HelpWanted(int context);
     void HelpIndexWanted();
     /// The workstation has been left alone.
@@ -71,6 +73,7 @@ private:
     std::vector<FormEntry> FormEntries() const;
     void WatchMenu();
     void WatchHelpMenu();
+    void WatchLists();
     void WatchRecord();
     void HoldDescription();
     void SelectWhole(QObject* field);
@@ -78,6 +81,8 @@ private:
     bool SavePending(int leastLabel);
     void AskFor(const QString& formName);
     void LeaveSystem(const QString& formName);
+    bool MayLeaveFor(const char* formName);
+    void BringUp(int page, int cell);
     void RepeatLastRecord();
     void AddShortcuts();
     void LoadDepartmentList();

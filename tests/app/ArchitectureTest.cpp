@@ -26,8 +26,8 @@ const Rule kRules[] = {
     {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},
     {"platform", "platform/.*", kCore + "|<soci/.*|\"platform/.*", 20},
     {"store", "store/.*", kCore + "|\"(store|platform|engine)/.*", 20},
-    // A room's logic begins with a capital; the page's grid and its cells are windows.
-    {"logic", "(?!engine|platform|store|widgets|app)[a-z]+/(?!KeyCell|PageGrid)[A-Z].*",
+    // A room's logic begins with a capital; the page's grid, its cells and its lists are windows.
+    {"logic", "(?!engine|platform|store|widgets|app)[a-z]+/(?!KeyCell|ListArea|PageGrid)[A-Z].*",
      kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
     {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};
