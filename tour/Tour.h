@@ -24,6 +24,9 @@ void WalkFirstSystem(Tour& tour);
 /// The page view of the first key system.
 void WalkPages(Tour& tour);
 
+/// The lists beside the page, of the keys that were named on it, and the menus.
+void WalkLists(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 

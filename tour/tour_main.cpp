@@ -99,6 +99,7 @@ void Walk(const Options& options) {
     WalkStart(tour);
     WalkFirstSystem(tour);
     WalkPages(tour);
+    WalkLists(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkListAndExit(tour);
