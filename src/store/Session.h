@@ -20,6 +20,8 @@ struct Permissions {
     bool AddEditKeyUsers = false;
     bool AlterKeyInformation = false;
     bool RunReports = false;
+
+    bool operator==(const Permissions&) const = default;
 };
 
 /// What the whole run shares. One for the program, handed by reference to all that need it.
