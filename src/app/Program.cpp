@@ -3,6 +3,7 @@
 #include "access/frmCompanyInfo.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
+#include "access/frmPermissions.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "platform/Files.h"
@@ -182,6 +183,15 @@ void Program::ShowNetwork() {
             End();
     });
     m_network->show();
+}
+
+void Program::ShowPermissions() {
+    auto* permissions = Load(new frmPermissions(m_session));
+    connect(permissions, &frmPermissions::Closed, this, [this] {
+        if (m_main)
+            ShowMain();
+    });
+    permissions->show();
 }
 
 void Program::ShowDrive() {

@@ -58,6 +58,7 @@ private:
     void ShowLogoff();
     void ShowPinSizes(const QString& brand);
     void ShowNetwork();
+    void ShowPermissions();
     void ShowDrive();
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
