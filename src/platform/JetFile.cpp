@@ -40,7 +40,7 @@ using TableHandle = std::unique_ptr<MdbTableDef, FreeTable>;
 
 /// A text of the library's making, which it leaves to the caller to free.
 QString Taken(char* text) {
-    const QString taken = QString::fromUtf8(text);
+    QString taken = QString::fromUtf8(text);
     g_free(text);
     return taken;
 }

@@ -76,6 +76,11 @@ private:
         return static_cast<qsizetype>(page) * 256 + row;
     }
 
+    static void SetBit(QByteArray& bits, std::size_t bit) {
+        char& byte = bits.data()[bit / 8];
+        byte = static_cast<char>(static_cast<unsigned char>(byte) | 1U << bit % 8);
+    }
+
     std::size_t NewPage(const QByteArray& content = {}) {
         m_pages.push_back(content.leftJustified(kPage, '\0', true));
         return m_pages.size() - 1;
@@ -94,9 +99,11 @@ private:
     bool PutRow(std::size_t page, const QByteArray& row, int flags, qsizetype* number = nullptr) {
         const QByteArray& bytes = m_pages[page];
         const auto count = qFromLittleEndian<quint16>(bytes.constData() + 12);
-        const qsizetype end =
-            count == 0 ? kPage
-                       : qFromLittleEndian<quint16>(bytes.constData() + 12 + 2 * count) & 0x1fff;
+        const qsizetype end = count == 0
+                                  ? kPage
+                                  : qFromLittleEndian<quint16>(bytes.constData() + 12 +
+                                                               2 * static_cast<qsizetype>(count)) &
+                                        0x1fff;
         const qsizetype start = end - row.size();
         if (start < 14 + 2 * (count + 1))
             return false;
@@ -189,7 +196,7 @@ private:
         QByteArray bits(small ? 64 : kPage - 4, '\0');
         for (const std::size_t page : pages) {
             const std::size_t bit = small ? page - first : page;
-            bits.data()[bit / 8] |= static_cast<char>(1 << bit % 8);
+            SetBit(bits, bit);
         }
         if (small)
             return QByteArray(1, '\0') + Four(static_cast<qsizetype>(first)) + bits;
@@ -295,7 +302,7 @@ private:
             const QString value = values.value(static_cast<qsizetype>(i));
             const JetType type = columns[i].type;
             if (type == JetType::Boolean ? value == "True" : !value.isNull())
-                present.data()[i / 8] |= static_cast<char>(1 << i % 8);
+                SetBit(present, i);
             if (type != JetType::Boolean && IsFixed(type))
                 fixed += FixedValue(type, value);
             if (!IsFixed(type))
