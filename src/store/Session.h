@@ -43,8 +43,8 @@ struct Session {
     std::unique_ptr<Database> KeySystemDatabase;
     std::unique_ptr<Database> MapDatabase;
     std::unique_ptr<ForeignTable> PersonnelRecords; ///< of people, in a file that is not ours
-    QString KeySystemPath;    ///< full path of the key system file
-    QString MapDatabasePath;  ///< folder or path of the map file
+    QString KeySystemPath;                          ///< full path of the key system file
+    QString MapDatabasePath;                        ///< folder or path of the map file
     SystemInfoRow SystemInfo; ///< row 1: the personnel file and its field names, the flags
     bool PersonnelAvailable = false;
 
