@@ -3,6 +3,7 @@
 #include "access/frmCompanyInfo.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
+#include "access/frmPermissions.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -35,7 +36,8 @@ Program::Program(Session& session)
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
           {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
-          {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }}} {
+          {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
+          {QStringLiteral("frmPermissions"), [this](auto&) { ShowPermissions(); }}} {
     qApp->installEventFilter(this);
 }
 
@@ -219,6 +221,15 @@ void Program::ShowNetwork() {
             End();
     });
     m_network->show();
+}
+
+void Program::ShowPermissions() {
+    auto* permissions = Load(new frmPermissions(m_session));
+    connect(permissions, &frmPermissions::Closed, this, [this] {
+        if (m_main)
+            ShowMain();
+    });
+    permissions->show();
 }
 
 void Program::ShowDrive() {
