@@ -3,6 +3,7 @@
 #include "access/frmCompanyInfo.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
+#include "holders/frmKeyUsers.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -197,6 +198,14 @@ void Program::ShowNetwork() {
             End();
     });
     m_network->show();
+}
+
+void Program::ShowKeyUsers(const QString& number) {
+    auto* users = Load(new frmKeyUsers(m_session));
+    connect(users, &frmKeyUsers::Closed, this, &Program::ShowMain);
+    if (!number.isEmpty())
+        users->ShowHolder(number);
+    users->show();
 }
 
 void Program::ShowDrive() {

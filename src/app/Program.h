@@ -60,6 +60,7 @@ private:
     void ShowPinSizes(const QString& brand);
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
+    void ShowKeyUsers(const QString& number = {});
     void ShowDrive();
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
