@@ -3,6 +3,7 @@
 #include "access/frmCompanyInfo.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
+#include "access/frmPermissions.h"
 #include "holders/frmKeyUsers.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
@@ -206,6 +207,15 @@ void Program::ShowKeyUsers(const QString& number) {
     if (!number.isEmpty())
         users->ShowHolder(number);
     users->show();
+}
+
+void Program::ShowPermissions() {
+    auto* permissions = Load(new frmPermissions(m_session));
+    connect(permissions, &frmPermissions::Closed, this, [this] {
+        if (m_main)
+            ShowMain();
+    });
+    permissions->show();
 }
 
 void Program::ShowDrive() {

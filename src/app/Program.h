@@ -61,6 +61,7 @@ private:
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
     void ShowKeyUsers(const QString& number = {});
+    void ShowPermissions();
     void ShowDrive();
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);

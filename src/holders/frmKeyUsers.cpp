@@ -1,5 +1,6 @@
 #include "holders/frmKeyUsers.h"
 
+#include "holders/Personnel.h"
 #include "platform/Text.h"
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
@@ -413,15 +414,50 @@ void frmKeyUsers::DeleteSelectedUnit() {
 
 // The personnel file.
 
-void frmKeyUsers::LookUpPerson() {}
+/// Fills the name and place of a person in; gives whether the personnel file has one.
+bool frmKeyUsers::FillFrom(const std::optional<PersonnelRecord>& record) {
+    if (!record)
+        return false;
+    ui->txtLastName->setText(record->LastName);
+    ui->txtFirstName->setText(record->FirstName);
+    ui->cmbDepartment->setCurrentText(record->Department);
+    ui->txtTitle->setText(record->Title);
+    ui->txtStatus->setText(record->Status);
+    ui->ckEmployee->setChecked(true);
+    ui->cmdAddUser->setFocus();
+    return true;
+}
+
+/// Somebody goes on to the first name: what the personnel file knows is filled in.
+void frmKeyUsers::LookUpPerson() {
+    if (!m_session.PersonnelRecords || !ui->txtFirstName->hasFocus())
+        return;
+    const BusyPointer busy;
+    const QString number = ui->txtUserNumber->text();
+    ui->txtUserSearch->setText(number);
+    if (!number.isEmpty())
+        FillFrom(FindPersonnelByValue(m_session, number));
+}
 
 void frmKeyUsers::SaveUserWithLookup() {
-    if (ui->txtUserNumber->text().isEmpty()) {
+    const QString number = ui->txtUserNumber->text();
+    if (number.isEmpty()) {
         m_session.boxes.Message(tr("All Users require an ID Number or Label!"),
                                 tr("User ID - Team Member Number"));
         return;
     }
-    ui->txtUserSearch->setText(ui->txtUserNumber->text());
+    ui->txtUserSearch->setText(number);
+    if (ui->txtFirstName->text().isEmpty()) {
+        if (m_session.SystemInfo.personel && !m_session.PersonnelRecords)
+            m_session.boxes.Message(tr("External Employee Records Are Not Currently Available"),
+                                    tr("External Lookup"));
+        const auto record = FindPersonnelByText(m_session, number);
+        if (FillFrom(record)) {
+            ui->txtWorkPhone->setText(record->WorkPhone);
+            ui->txtWorkExtention->setText(record->Extention);
+            ui->txtHomePhone->setText(record->HomePhone);
+        }
+    }
     SaveUser();
 }
 

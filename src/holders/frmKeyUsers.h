@@ -12,6 +12,7 @@ class frmKeyUsers;
 
 namespace quorrel {
 
+struct PersonnelRecord;
 class TextList;
 
 /// The key holders of the open system and the key units in their hands: who they are on the left,
@@ -44,6 +45,7 @@ private:
     void LoadDepartments();
     void LoadUser();
     void FillFrom(const KeyUsersRow& holder);
+    bool FillFrom(const std::optional<PersonnelRecord>& record);
     void HideUserList();
     void LoadUserKeys();
     void StepSearch();

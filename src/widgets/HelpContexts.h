@@ -19,5 +19,6 @@ inline constexpr int kExit = 65;
 inline constexpr int kAbout = 70;
 inline constexpr int kNetwork = 80;
 inline constexpr int kCompany = 570;
+inline constexpr int kPermissions = 580;
 
 } // namespace quorrel::help

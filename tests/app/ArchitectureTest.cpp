@@ -24,7 +24,8 @@ const QString kCore =
 
 const Rule kRules[] = {
     {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},
-    {"platform", "platform/.*", kCore + "|<soci/.*|\"platform/.*", 20},
+    {"platform", "platform/(?!JetFile\\.cpp).*", kCore + "|<soci/.*|\"platform/.*", 20},
+    {"jet", "platform/JetFile\\.cpp", kCore + "|<(glib|mdbtools)\\.h>|\"platform/.*", 5},
     {"store", "store/.*", kCore + "|\"(store|platform|engine)/.*", 20},
     // A room's logic begins with a capital; these are windows or drawn for them.
     {"logic",
