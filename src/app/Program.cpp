@@ -4,6 +4,7 @@
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
 #include "access/frmPermissions.h"
+#include "holders/frmKeyUsers.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -34,6 +35,7 @@ Program::Program(Session& session)
           {QStringLiteral("frmCompanyInfo"), [this](auto&) { ShowCompany(true); }},
           {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
+          {QStringLiteral("frmKeyUsers"), [this](auto& number) { ShowKeyUsers(number); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
           {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
           {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
@@ -221,6 +223,14 @@ void Program::ShowNetwork() {
             End();
     });
     m_network->show();
+}
+
+void Program::ShowKeyUsers(const QString& number) {
+    auto* users = Load(new frmKeyUsers(m_session));
+    connect(users, &frmKeyUsers::Closed, this, &Program::ShowMain);
+    if (!number.isEmpty())
+        users->ShowHolder(number);
+    users->show();
 }
 
 void Program::ShowPermissions() {

@@ -63,6 +63,7 @@ private:
     void ShowPinSizes(const QString& brand);
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
+    void ShowKeyUsers(const QString& number = {});
     void ShowPermissions();
     void ShowDrive();
     void ShowHelpIndex();

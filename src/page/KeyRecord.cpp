@@ -12,7 +12,6 @@ namespace quorrel {
 
 namespace {
 
-constexpr int kKeyIDWidth = 12;
 constexpr int kDepartmentWidth = 34;
 
 } // namespace

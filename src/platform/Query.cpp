@@ -29,6 +29,12 @@ Query& Query::WhereAny(const char* column, const QStringList& values) {
     return *this;
 }
 
+Query& Query::WhereEmpty(const char* column) {
+    m_where += (m_where.empty() ? " WHERE (" : " AND (") + Quoted(column) + " = '' OR " +
+               Quoted(column) + " IS NULL)";
+    return *this;
+}
+
 Query& Query::WhereTrimmed(const char* column, const QString& text) {
     // The texts that go on with a blank lie before those that go on with the character after it.
     Test(column, " >= ", text);

@@ -20,6 +20,8 @@ public:
     Query& WhereNot(const char* column, const QString& value) {
         return Test(column, " <> ", value);
     }
+    /// Rows whose text is empty or was never given.
+    Query& WhereEmpty(const char* column);
     Query& WhereAny(const char* column, const QStringList& values);
     /// Rows whose text is this one, but for blanks on its right. An index on the column serves.
     Query& WhereTrimmed(const char* column, const QString& text);

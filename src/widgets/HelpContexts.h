@@ -13,6 +13,7 @@ inline constexpr int kCreateSystem = 30;
 inline constexpr int kPinSizes = 35;
 inline constexpr int kPinningChart = 36;
 inline constexpr int kLogoff = 12;
+inline constexpr int kKeyUsers = 50;
 inline constexpr int kMainPage = 60;
 inline constexpr int kExit = 65;
 inline constexpr int kAbout = 70;
