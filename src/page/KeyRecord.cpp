@@ -45,14 +45,12 @@ bool KeyRecord::UnitsAreIssued() const {
 }
 
 bool KeyRecord::DoorsAreAssigned() const {
-    bool assigned = false;
     // Doors are those of the system under whose number the maps are filed, as on this form's lists.
-    Recordset<DoorsRow>(m_session.Keys(), Query().Where("SystemNumber", m_session.MapFilingNumber))
-        .Walk([&](const DoorsRow& door) {
-            assigned = RightTrimmed(door.CutsLabel) == m_labelAsShown;
-            return !assigned;
-        });
-    return assigned;
+    return !Recordset<DoorsRow>(m_session.Keys(),
+                                Query()
+                                    .Where("SystemNumber", m_session.MapFilingNumber)
+                                    .WhereTrimmed("CutsLabel", m_labelAsShown))
+                .Empty();
 }
 
 bool KeyRecord::IsTaken(const QString& keyID) const {
