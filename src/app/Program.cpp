@@ -3,6 +3,7 @@
 #include "access/frmCompanyInfo.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
+#include "doors/frmDoors.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -204,6 +205,14 @@ void Program::ShowDrive() {
     connect(drive, &frmDrive::FolderChosen, m_network, &frmNetwork::SetMapFolder);
     connect(drive, &frmDrive::Closed, m_network, &QWidget::show);
     drive->show();
+}
+
+void Program::ShowDoors(const QString& label) {
+    auto* doors = Load(new frmDoors(m_session));
+    connect(doors, &frmDoors::Closed, this, &Program::ShowMain);
+    doors->show();
+    if (!label.isEmpty())
+        doors->AskFor(label);
 }
 
 HelpWindow& Program::Help() {

@@ -61,6 +61,8 @@ private:
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
     void ShowDrive();
+    /// Shows the doors, with the door of a label if one is given.
+    void ShowDoors(const QString& label = {});
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
     HelpWindow& Help();

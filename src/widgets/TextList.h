@@ -34,7 +34,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    class LineDelegate;
+
     QStringListModel m_lines;
+    LineDelegate* m_delegate;
 };
 
 } // namespace quorrel
