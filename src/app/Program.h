@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -53,6 +55,7 @@ private:
     void ShowSystems();
     void ShowCreate();
     void ShowMain();
+    void ShowFromMain(const QString& formName, const QString& subject = {});
     void ShowCompany(bool fromMain);
     void ShowExit();
     void ShowAbout();
@@ -60,6 +63,7 @@ private:
     void ShowPinSizes(const QString& brand);
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
+    void ShowPermissions();
     void ShowDrive();
     /// Shows the doors, with the door of a label if one is given.
     void ShowDoors(const QString& label = {});
@@ -69,6 +73,9 @@ private:
     void End();
 
     Session& m_session;
+    /// The forms that the main form leads to, and what shows them. Some take what they are to
+    /// bring up.
+    const std::map<QString, std::function<void(const QString& subject)>> m_formsOfMain;
     std::vector<QPointer<QWidget>> m_forms;
     QPointer<frmMain> m_main;
     QPointer<frmNetwork> m_network;

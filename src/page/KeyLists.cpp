@@ -96,7 +96,8 @@ struct Holder {
 };
 
 bool Passes(const QString& text, const QString& filter) {
-    return text.startsWith(filter, Qt::CaseInsensitive);
+    // An empty filter is no beginning of a text that is null.
+    return filter.isEmpty() || text.startsWith(filter, Qt::CaseInsensitive);
 }
 
 /// A line of a list is one line, whatever its parts hold.

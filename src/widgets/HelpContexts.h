@@ -20,5 +20,6 @@ inline constexpr int kAbout = 70;
 inline constexpr int kNetwork = 80;
 inline constexpr int kDoorAssignment = 150;
 inline constexpr int kCompany = 570;
+inline constexpr int kPermissions = 580;
 
 } // namespace quorrel::help

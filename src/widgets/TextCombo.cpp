@@ -1,6 +1,6 @@
 #include "widgets/TextCombo.h"
 
-#include "widgets/OneLineDelegate.h"
+#include "widgets/LineDelegate.h"
 
 #include <QListView>
 #include <QSignalBlocker>
@@ -18,7 +18,7 @@ TextCombo::TextCombo(QWidget* parent) : QComboBox(parent) {
     auto* list = new QListView(this);
     list->setUniformItemSizes(true);
     setView(list);
-    setItemDelegate(new OneLineDelegate(this));
+    setItemDelegate(new LineDelegate(this));
     setModel(&m_texts);
 }
 

@@ -1,41 +1,15 @@
 #include "widgets/TextList.h"
 
-#include "widgets/OneLineDelegate.h"
+#include "widgets/LineDelegate.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QtMath>
-
-#include <algorithm>
 
 namespace quorrel {
 
-namespace {
-
-/// Longer lines are cut on the screen, so that the list can still be scrolled sensibly.
-constexpr qsizetype kLongestShown = 400;
-
-} // namespace
-
-/// Every line takes the room of the longest: all are measured as one.
-class TextList::LineDelegate : public OneLineDelegate {
-public:
-    using OneLineDelegate::OneLineDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        constexpr int kMargins = 8; // left and right of the text
-        const double character = QFontMetricsF(option.font).horizontalAdvance(u'0');
-        QSize size = OneLineDelegate::sizeHint(option, index);
-        size.setWidth(qCeil(static_cast<double>(longest) * character) + kMargins);
-        return size;
-    }
-
-    qsizetype longest = 0; ///< characters
-};
-
-TextList::TextList(QWidget* parent) : QListView(parent), m_delegate(new LineDelegate(this)) {
+TextList::TextList(QWidget* parent) : QListView(parent) {
     setModel(&m_lines);
-    setItemDelegate(m_delegate);
+    setItemDelegate(new LineDelegate(this));
     setUniformItemSizes(true);
     // Lines are laid out in columns of characters.
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -45,9 +19,6 @@ TextList::TextList(QWidget* parent) : QListView(parent), m_delegate(new LineDele
 }
 
 void TextList::SetLines(const QStringList& lines) {
-    m_delegate->longest = 0;
-    for (const QString& line : lines)
-        m_delegate->longest = std::clamp(line.size(), m_delegate->longest, kLongestShown);
     m_lines.setStringList(lines);
 }
 

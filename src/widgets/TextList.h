@@ -34,10 +34,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    class LineDelegate;
-
     QStringListModel m_lines;
-    LineDelegate* m_delegate;
 };
 
 } // namespace quorrel

@@ -78,19 +78,19 @@ protected:
         Recordset<UsertoUnitRow>::Add(program.session.Keys(), row);
     }
 
-    QStringList Keys(const QString& filter = {}) {
+    QStringList Keys(const QString& filter = "") {
         return TextsOf(FillKeyList(program.session, filter));
     }
 
     /// The labels of the listed doors, "None" where the list says so.
-    QStringList Doors(int cell, const QString& keyID, const QString& filter = {}) {
+    QStringList Doors(int cell, const QString& keyID, const QString& filter = "") {
         QStringList labels;
         for (const SubjectLine& line : FillDoorList(program.session, page, cell, keyID, filter))
             labels.append(line.subject.isEmpty() ? line.text : line.subject);
         return labels;
     }
 
-    QStringList Users(const QString& keyID, const QString& filter = {}) {
+    QStringList Users(const QString& keyID, const QString& filter = "") {
         return TextsOf(FillUserList(program.session, keyID, filter));
     }
 
@@ -155,6 +155,8 @@ TEST_F(KeyListsTest, AChangeKeyHasTheDoorsOfItsVeryKeyID) {
     AddDoor("Gate 1", "A1          ", "North side\nby the wall");
     AddDoor("gate 2", "A1");
     AddDoor("Hall", "A1");
+    AddDoor("Hall", "A1"); // cannot be told from the one before
+    AddDoor("Other key", "A1 B");
     AddDoor("Longer", "A10         ");
     AddDoor("  hidden", "A1");
     AddDoor("Free", QString(8, ' '));
