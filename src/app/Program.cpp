@@ -5,6 +5,7 @@
 #include "access/frmLogon.h"
 #include "access/frmPermissions.h"
 #include "holders/frmKeyUsers.h"
+#include "doors/frmDoors.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -34,6 +35,7 @@ Program::Program(Session& session)
           {QStringLiteral("frmAbout"), [this](auto&) { ShowAbout(); }},
           {QStringLiteral("frmCompanyInfo"), [this](auto&) { ShowCompany(true); }},
           {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
+          {QStringLiteral("frmDoors"), [this](auto& label) { ShowDoors(label); }},
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
           {QStringLiteral("frmKeyUsers"), [this](auto& number) { ShowKeyUsers(number); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
@@ -247,6 +249,14 @@ void Program::ShowDrive() {
     connect(drive, &frmDrive::FolderChosen, m_network, &frmNetwork::SetMapFolder);
     connect(drive, &frmDrive::Closed, m_network, &QWidget::show);
     drive->show();
+}
+
+void Program::ShowDoors(const QString& label) {
+    auto* doors = Load(new frmDoors(m_session));
+    connect(doors, &frmDoors::Closed, this, &Program::ShowMain);
+    doors->show();
+    if (!label.isEmpty())
+        doors->AskFor(label);
 }
 
 HelpWindow& Program::Help() {

@@ -66,6 +66,8 @@ private:
     void ShowKeyUsers(const QString& number = {});
     void ShowPermissions();
     void ShowDrive();
+    /// Shows the doors, with the door of a label if one is given.
+    void ShowDoors(const QString& label = {});
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
     HelpWindow& Help();

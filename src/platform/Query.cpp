@@ -43,6 +43,14 @@ Query& Query::WhereTrimmed(const char* column, const QString& text) {
     return *this;
 }
 
+Query& Query::WhereBegins(const char* column, const QString& text) {
+    // A text cut within a character is looked up without the half of it.
+    const bool cut = !text.isEmpty() && text.back().isHighSurrogate();
+    const QString whole = cut ? text.chopped(1) : text;
+    Test(column, " >= ", whole);
+    return Test(column, " < ", whole + QString::fromUcs4(U"\U0010FFFF", 1));
+}
+
 Query& Query::OrderBy(const char* column, bool descending) {
     m_order += Quoted(column) + (descending ? " DESC, " : ", ");
     return *this;

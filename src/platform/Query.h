@@ -25,6 +25,9 @@ public:
     Query& WhereAny(const char* column, const QStringList& values);
     /// Rows whose text is this one, but for blanks on its right. An index on the column serves.
     Query& WhereTrimmed(const char* column, const QString& text);
+    /// Rows whose text begins with this one, capitals told from small letters. An index on the
+    /// column serves.
+    Query& WhereBegins(const char* column, const QString& text);
     Query& OrderBy(const char* column, bool descending = false);
 
     /// The WHERE clause, empty when everything is selected.

@@ -14,10 +14,12 @@ inline constexpr int kPinSizes = 35;
 inline constexpr int kPinningChart = 36;
 inline constexpr int kLogoff = 12;
 inline constexpr int kKeyUsers = 50;
+inline constexpr int kDoors = 40;
 inline constexpr int kMainPage = 60;
 inline constexpr int kExit = 65;
 inline constexpr int kAbout = 70;
 inline constexpr int kNetwork = 80;
+inline constexpr int kDoorAssignment = 150;
 inline constexpr int kCompany = 570;
 inline constexpr int kPermissions = 580;
 
