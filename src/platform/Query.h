@@ -18,6 +18,7 @@ public:
     Query& WhereBelow(const char* column, qint64 value) { return Test(column, " < ", value); }
     Query& WhereAtLeast(const char* column, qint64 value) { return Test(column, " >= ", value); }
     Query& WhereAny(const char* column, const QStringList& values);
+    Query& WhereKeys(const std::vector<RowKey>& keys);
     Query& OrderBy(const char* column, bool descending = false);
 
     /// The WHERE clause, empty when everything is selected.
@@ -31,6 +32,8 @@ public:
 
 private:
     Query& Test(const char* column, const char* comparison, Value value);
+    template <class List>
+    Query& TestAny(const char* column, const List& values);
     std::string Bind(Value value);
 
     std::string m_where;
