@@ -1,5 +1,6 @@
 #include "widgets/TextList.h"
 
+#include <QFontDatabase>
 #include <QKeyEvent>
 
 namespace quorrel {
@@ -7,6 +8,8 @@ namespace quorrel {
 TextList::TextList(QWidget* parent) : QListView(parent) {
     setModel(&m_lines);
     setUniformItemSizes(true);
+    // Lines are laid out in columns of characters.
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setEditTriggers(NoEditTriggers);
     connect(this, &QListView::clicked, this, &TextList::Clicked);
     connect(this, &QListView::doubleClicked, this, &TextList::DoubleClicked);
