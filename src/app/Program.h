@@ -17,6 +17,7 @@ class HelpWindow;
 class frmLogoff;
 class frmMain;
 class frmNetwork;
+enum class KeyLog;
 struct PinningRequest;
 
 /// The flow of the program: the only place that knows all forms. Forms ask for one another by
@@ -60,6 +61,11 @@ private:
     void ShowPinSizes(const QString& brand);
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
+    void ShowDepartments();
+    void ShowEditHardware();
+    void ShowLostKeys();
+    void ShowReturnedKeys();
+    void ShowLog(KeyLog log);
     void ShowDrive();
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
