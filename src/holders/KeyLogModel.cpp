@@ -10,7 +10,7 @@ namespace {
 /// Rows that are read at a time; more than a screen shows.
 constexpr int kBlock = 128;
 /// Rows that are kept once they were looked at.
-constexpr std::size_t kMostSeen = 100 * kBlock;
+constexpr std::size_t kMostSeen = 12800;
 
 /// Takes over what is stored now, but for the texts that the user has changed.
 void Rebase(LogChange& change, const LogEntry& stored) {
@@ -105,6 +105,7 @@ QString KeyLogModel::Delete(int row) {
 QString KeyLogModel::Update() {
     DropBlankRows();
     std::vector<LogChange> changes;
+    changes.reserve(m_edits.size() + m_added.size());
     for (const auto& [key, change] : m_edits)
         changes.push_back(change);
     std::sort(changes.begin(), changes.end(), [](const LogChange& left, const LogChange& right) {
@@ -144,51 +145,48 @@ void KeyLogModel::TakeWritten(const std::vector<LogChange>& changes, std::size_t
 /// Brings rows up to what is stored, with the edits on top; an edited row that is gone becomes one
 /// to be added. Gives a line for each.
 QString KeyLogModel::Merge(const std::vector<LogConflict>& conflicts) {
-    std::vector<int> rows;
-    for (const LogConflict& conflict : conflicts)
-        rows.push_back(RowOf(conflict.key));
     QStringList lines;
     std::vector<int> gone;
-    for (std::size_t i = 0; i < conflicts.size(); ++i) {
-        const auto edit = m_edits.find(conflicts[i].key);
-        m_seen[conflicts[i].key] = conflicts[i].stored;
-        if (!conflicts[i].stored) {
-            gone.push_back(rows[i]);
-            lines += QStringLiteral(
-                         "Record %1 was deleted. What was to be written of it stands at the end "
-                         "now, as a new record.")
-                         .arg(rows[i] + 1);
+    for (const auto& [key, stored] : conflicts) {
+        const int row = RowOf(key);
+        m_seen[key] = stored;
+        if (!stored) {
+            gone.push_back(row);
+            lines += QStringLiteral("Record %1 was deleted. What was to be written of it stands at "
+                                    "the end now, as a new record.")
+                         .arg(row + 1);
             continue;
         }
-        lines +=
-            QStringLiteral("Record %1 was changed. It is shown as it is stored now, with your own "
-                           "changes in their places.")
-                .arg(rows[i] + 1);
-        if (edit != m_edits.end()) {
-            Rebase(edit->second, *conflicts[i].stored);
+        lines += QStringLiteral("Record %1 was changed. It is shown as it is stored now, with your "
+                                "own changes in their places.")
+                     .arg(row + 1);
+        if (const auto edit = m_edits.find(key); edit != m_edits.end()) {
+            Rebase(edit->second, *stored);
             if (edit->second.wanted == edit->second.read)
                 m_edits.erase(edit);
         }
-        Changed(rows[i]);
+        Changed(row);
     }
-    std::sort(gone.rbegin(), gone.rend());
-    std::vector<LogEntry> added;
-    for (const int row : gone) {
-        const auto edit = m_edits.extract(KeyOf(row));
-        added.insert(added.begin(), edit.mapped().wanted);
-        added.front().key = 0;
-        added.front().number = 0;
+    MoveToAdded(gone);
+    return lines.join(u'\n');
+}
+
+/// Makes rows to be added of edited ones that are stored no more.
+void KeyLogModel::MoveToAdded(std::vector<int> rows) {
+    std::sort(rows.begin(), rows.end());
+    for (std::size_t moved = 0; moved < rows.size(); ++moved) {
+        const int row = rows[moved] - static_cast<int>(moved);
+        LogEntry entry = m_edits.extract(KeyOf(row)).mapped().wanted;
+        entry.key = 0;
+        entry.number = 0;
         beginRemoveRows({}, row, row);
         m_keys.erase(m_keys.begin() + row);
         endRemoveRows();
-    }
-    if (!added.empty()) {
-        const int first = rowCount();
-        beginInsertRows({}, first, first + static_cast<int>(added.size()) - 1);
-        m_added.insert(m_added.end(), added.begin(), added.end());
+        const int end = rowCount();
+        beginInsertRows({}, end, end);
+        m_added.push_back(std::move(entry));
         endInsertRows();
     }
-    return lines.join(u'\n');
 }
 
 void KeyLogModel::DropBlankRows() {

@@ -63,6 +63,7 @@ private:
     void DropBlankRows();
     void TakeWritten(const std::vector<LogChange>& changes, std::size_t edited);
     QString Merge(const std::vector<LogConflict>& conflicts);
+    void MoveToAdded(std::vector<int> rows);
     void Changed(int row);
 
     Session& m_session;
