@@ -2,6 +2,7 @@
 
 #include "Scoreboard.h"
 
+#include <chrono>
 #include <vector>
 
 namespace quorrel::bench {
@@ -10,6 +11,7 @@ namespace quorrel::bench {
 void AddPreview(std::vector<Comparison>& comparisons);
 void AddCreate(std::vector<Comparison>& comparisons);
 void AddPage(std::vector<Comparison>& comparisons);
+void AddLists(std::vector<Comparison>& comparisons);
 void AddStart(std::vector<Comparison>& comparisons);
 
 /// Measures what the program holds in memory with the largest system open, where the platform
@@ -38,6 +40,16 @@ void RegisterSelfTimed(const char* name, Body body) {
         ->Repetitions(2 * kRepetitions + 1)
         ->ReportAggregatesOnly()
         ->UseManualTime();
+}
+
+/// What is prepared anew for each run must not count, and is too slow for the clock to be stopped
+/// and started around it.
+template <class Action>
+void Time(benchmark::State& state, Action&& action) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    state.SetIterationTime(passed.count());
 }
 
 } // namespace quorrel::bench

@@ -3,22 +3,11 @@
 #include "LargestSystem.h"
 #include "store/DatabaseFiles.h"
 
-#include <chrono>
 #include <string>
 
 namespace quorrel::bench {
 
 namespace {
-
-/// What is prepared anew for each run must not count, and is too slow for the clock to be stopped
-/// and started around it.
-template <class Action>
-void Time(benchmark::State& state, Action&& action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-    state.SetIterationTime(passed.count());
-}
 
 void CreateLargest(benchmark::State& state) {
     while (state.KeepRunning()) {

@@ -39,6 +39,7 @@ int RunAll(std::vector<char*> arguments) {
     AddPreview(comparisons);
     AddCreate(comparisons);
     AddPage(comparisons);
+    AddLists(comparisons);
     AddStart(comparisons);
     Scoreboard scoreboard;
     benchmark::RunSpecifiedBenchmarks(&scoreboard);

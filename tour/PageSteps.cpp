@@ -92,8 +92,14 @@ void Select(Walker& walker, const Look& look) {
     walker.Picture(QStringLiteral("page-") + QLatin1String(look.name));
 }
 
-void ShowLayouts(Walker& walker) {
+/// Gives the main form the room that it has on a usual screen.
+void EnterMain(Walker& walker) {
     walker.Enter("frmMain");
+    walker.Window().resize(1340, 720);
+}
+
+void ShowLayouts(Walker& walker) {
+    EnterMain(walker);
     const auto& grid = walker.Find<PageGrid>(QStringLiteral("grdPage"));
     const auto& cell = walker.Find<KeyCell>(NameOf(0));
     walker.Check(walker.Find(QStringLiteral("Picture1_0")).isVisible(),
@@ -201,7 +207,7 @@ void TurnPages(Walker& walker) {
 }
 
 void ShowSevenPins(Walker& walker) {
-    walker.Enter("frmMain");
+    EnterMain(walker);
     walker.Check(walker.Find(QStringLiteral("lblGrandMaster")).isVisible(),
                  QStringLiteral("Seven pins lack their uppermost level"));
     walker.CheckText(QStringLiteral("lblSystemMaster"), QStringLiteral("System Master"));

@@ -27,6 +27,9 @@ void WalkPages(Tour& tour);
 /// Pinning charts of the first key system.
 void WalkPinning(Tour& tour);
 
+/// The lists beside the page, of the keys that were named on it, and the menus.
+void WalkLists(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 

@@ -2,6 +2,7 @@
 
 #include "app/Program.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -126,6 +127,15 @@ void Walker::Click(const QString& name) {
     Settle();
 }
 
+void Walker::ClickLine(const QString& name, int line) {
+    auto& list = Find<QAbstractItemView>(name);
+    Activate();
+    const QRect place = list.visualRect(list.model()->index(line, 0));
+    Check(!place.isEmpty(), QStringLiteral("%1 has no line %2").arg(name).arg(line));
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place.center());
+    Settle();
+}
+
 void Walker::Type(const QString& name, const QString& text) {
     QWidget& control = Typable(Usable(name));
     control.setFocus();
@@ -152,16 +162,21 @@ void Walker::Press(Qt::Key key) {
     Settle();
 }
 
-void Walker::ChooseFromMenu(const char* menu, const char* action) {
+QMenu& Walker::OpenMenu(const char* menu) {
     auto& popup = Find<QMenu>(QLatin1String(menu));
-    auto* line = Window().findChild<QAction*>(QLatin1String(action));
-    if (!line)
-        throw NotFound(QLatin1String(action));
-    Check(line->isEnabled(), QStringLiteral("%1 is dimmed").arg(QLatin1String(action)));
     auto& bar = Find<QMenuBar>(QStringLiteral("menubar"));
     QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(popup.menuAction()).center());
     Check(QTest::qWaitFor([&] { return popup.isVisible(); }, kPatience),
           QStringLiteral("%1 does not open").arg(QLatin1String(menu)));
+    return popup;
+}
+
+void Walker::ChooseFromMenu(const char* menu, const char* action) {
+    auto* line = Window().findChild<QAction*>(QLatin1String(action));
+    if (!line)
+        throw NotFound(QLatin1String(action));
+    Check(line->isEnabled(), QStringLiteral("%1 is dimmed").arg(QLatin1String(action)));
+    QMenu& popup = OpenMenu(menu);
     QTest::mouseClick(&popup, Qt::LeftButton, {}, popup.actionGeometry(line).center());
     Settle();
 }
@@ -178,6 +193,15 @@ void Walker::ExpectFileDialog(const QString& path, const QString& picture) {
 void Walker::Picture(const QString& name) {
     Settle();
     Keep(Window(), name);
+    Settle();
+}
+
+void Walker::PictureOfMenu(const char* menu, const QString& name) {
+    Activate();
+    QMenu& popup = OpenMenu(menu);
+    Settle();
+    Keep(popup, name);
+    popup.close();
     Settle();
 }
 

@@ -8,6 +8,8 @@
 #include <functional>
 #include <stdexcept>
 
+class QMenu;
+
 namespace quorrel {
 class Program;
 }
@@ -50,6 +52,9 @@ public:
     /// Clicks a control with the mouse.
     void Click(const QString& name);
 
+    /// Clicks a line of a list.
+    void ClickLine(const QString& name, int line);
+
     /// Replaces the text of a control by typing.
     void Type(const QString& name, const QString& text);
 
@@ -72,6 +77,9 @@ public:
     /// Keeps a picture of the window.
     void Picture(const QString& name);
 
+    /// Keeps a picture of a menu of the menu bar.
+    void PictureOfMenu(const char* menu, const QString& name);
+
     void Check(bool fact, const QString& what) const;
     void CheckText(const QString& control, const QString& expected) const;
     void CheckContains(const QString& control, const QString& part) const;
@@ -92,6 +100,7 @@ private:
     WalkFailed NotFound(const QString& name) const;
     QWidget& Usable(const QString& name) const;
     void Activate() const;
+    QMenu& OpenMenu(const char* menu);
     void Settle();
     void Watch();
     void Meet(QWidget& dialog);

@@ -100,6 +100,7 @@ void Walk(const Options& options) {
     WalkFirstSystem(tour);
     WalkPages(tour);
     WalkPinning(tour);
+    WalkLists(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkCore(tour);

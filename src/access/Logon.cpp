@@ -1,5 +1,6 @@
 #include "access/Logon.h"
 
+#include "access/ProgramUsers.h"
 #include "platform/Recordset.h"
 #include "store/Scramble.h"
 
@@ -21,16 +22,10 @@ std::optional<QString> StoredForm(const QString& password) {
 
 void TakeRights(Session& session, const ProgramUsersRow& user) {
     session.LoggedUser = user.UserName;
-    session.SessionPermissions.CreateSystem = user.CreateSystem;
-    session.SessionPermissions.ReadPrintPinning = user.ReadPrintPinning;
+    session.SessionPermissions = RightsOf(user);
     if (user.ReadPrintPinning)
         session.AutoLogoffActive = session.boxes.Confirms(
             QStringLiteral("Activate Auto-Logoff Y/N?"), QStringLiteral("Auto Logoff Feature"));
-    session.SessionPermissions.IssueKeys = user.IssueKeys;
-    session.SessionPermissions.AddEditProgramUsers = user.AddEditProgramUsers;
-    session.SessionPermissions.AddEditKeyUsers = user.AddEditKeyUsers;
-    session.SessionPermissions.AlterKeyInformation = user.AlterKeyInformation;
-    session.SessionPermissions.RunReports = user.RunReports;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "access/frmEditHardware.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
+#include "access/frmPermissions.h"
 #include "holders/frmDBLostKeys.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
@@ -29,7 +30,17 @@
 
 namespace quorrel {
 
-Program::Program(Session& session) : m_session(session) {
+Program::Program(Session& session)
+    : m_session(session),
+      m_formsOfMain{
+          {QStringLiteral("frmAbout"), [this](auto&) { ShowAbout(); }},
+          {QStringLiteral("frmCompanyInfo"), [this](auto&) { ShowCompany(true); }},
+          {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
+          {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
+          {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
+          {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
+          {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
+          {QStringLiteral("frmPermissions"), [this](auto&) { ShowPermissions(); }}} {
     qApp->installEventFilter(this);
 }
 
@@ -119,21 +130,34 @@ void Program::ShowCreate() {
 void Program::ShowMain() {
     if (!m_main) {
         m_main = Load(new frmMain(m_session));
-        connect(m_main, &frmMain::NewSystemWanted, this, &Program::ShowCreate);
-        connect(m_main, &frmMain::OpenSystemWanted, this, &Program::ShowSystems);
-        connect(m_main, &frmMain::CompanyWanted, this, [this] { ShowCompany(true); });
-        connect(m_main, &frmMain::AboutWanted, this, &Program::ShowAbout);
-        connect(m_main, &frmMain::ExitWanted, this, &Program::ShowExit);
+        QSet<QString> names;
+        for (const auto& form : m_formsOfMain)
+            names.insert(form.first);
+        m_main->OfferForms(names);
+        const auto leadsTo = [this](auto signal, const char* form) {
+            connect(m_main, signal, this, [this, form](const QString& subject) {
+                ShowFromMain(QLatin1String(form), subject);
+            });
+        };
+        connect(m_main, &frmMain::FormWanted, this,
+                [this](const QString& form) { ShowFromMain(form); });
+        leadsTo(&frmMain::PinSizesWanted, "frmManufacturer");
+        leadsTo(&frmMain::DoorWanted, "frmDoors");
+        leadsTo(&frmMain::KeyUserWanted, "frmKeyUsers");
         connect(m_main, &frmMain::LogoffWanted, this, &Program::ShowLogoff);
-        connect(m_main, &frmMain::PinSizesWanted, this, &Program::ShowPinSizes);
         connect(m_main, &frmMain::PinningWanted, this, &Program::ShowPinning);
-        connect(m_main, &frmMain::NetworkWanted, this, &Program::ShowNetwork);
         connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
     }
     m_main->show();
 }
 
+void Program::ShowFromMain(const QString& formName, const QString& subject) {
+    m_formsOfMain.at(formName)(subject);
+}
+
 void Program::ShowCompany(bool fromMain) {
+    if (fromMain)
+        m_session.CompanyInfoEmpty = false;
     auto* company = Load(new frmCompanyInfo(m_session));
     connect(company, &frmCompanyInfo::Closed, this, [this, fromMain] {
         if (fromMain)
@@ -226,6 +250,15 @@ void Program::ShowLog(KeyLog log) {
     auto* form = Load(new frmDBLostKeys(m_session, log));
     connect(form, &frmDBLostKeys::Closed, this, &Program::ShowMain);
     form->show();
+}
+
+void Program::ShowPermissions() {
+    auto* permissions = Load(new frmPermissions(m_session));
+    connect(permissions, &frmPermissions::Closed, this, [this] {
+        if (m_main)
+            ShowMain();
+    });
+    permissions->show();
 }
 
 void Program::ShowDrive() {

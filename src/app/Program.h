@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -54,6 +56,7 @@ private:
     void ShowSystems();
     void ShowCreate();
     void ShowMain();
+    void ShowFromMain(const QString& formName, const QString& subject = {});
     void ShowCompany(bool fromMain);
     void ShowExit();
     void ShowAbout();
@@ -66,6 +69,7 @@ private:
     void ShowLostKeys();
     void ShowReturnedKeys();
     void ShowLog(KeyLog log);
+    void ShowPermissions();
     void ShowDrive();
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
@@ -73,6 +77,9 @@ private:
     void End();
 
     Session& m_session;
+    /// The forms that the main form leads to, and what shows them. Some take what they are to
+    /// bring up.
+    const std::map<QString, std::function<void(const QString& subject)>> m_formsOfMain;
     std::vector<QPointer<QWidget>> m_forms;
     QPointer<frmMain> m_main;
     QPointer<frmNetwork> m_network;

@@ -45,14 +45,12 @@ bool KeyRecord::UnitsAreIssued() const {
 }
 
 bool KeyRecord::DoorsAreAssigned() const {
-    bool assigned = false;
     // Doors are those of the system under whose number the maps are filed, as on this form's lists.
-    Recordset<DoorsRow>(m_session.Keys(), Query().Where("SystemNumber", m_session.MapFilingNumber))
-        .Walk([&](const DoorsRow& door) {
-            assigned = RightTrimmed(door.CutsLabel) == m_labelAsShown;
-            return !assigned;
-        });
-    return assigned;
+    return !Recordset<DoorsRow>(m_session.Keys(),
+                                Query()
+                                    .Where("SystemNumber", m_session.MapFilingNumber)
+                                    .WhereTrimmed("CutsLabel", m_labelAsShown))
+                .Empty();
 }
 
 bool KeyRecord::IsTaken(const QString& keyID) const {
@@ -91,28 +89,28 @@ void KeyRecord::Tell(Obstacle obstacle, KeyRecordText& screen) {
     m_session.boxes.Message(text.arg(m_labelAsShown), QStringLiteral("Access Error"));
 }
 
-void KeyRecord::SaveKeyRecord(KeyRecordText& screen) {
+bool KeyRecord::SaveKeyRecord(KeyRecordText& screen) {
     screen.keyID = RightTrimmed(screen.keyID.toUpper().left(kKeyIDWidth));
     // A blank in the first place takes the Key ID away.
     if (screen.keyID.startsWith(u' '))
         screen.keyID.clear();
     if (!m_pageDirty || !m_session.SessionPermissions.AlterKeyInformation)
-        return;
+        return true;
     if (FindObstacle(screen.keyID) == Obstacle::Units) {
         Tell(Obstacle::Units, screen);
-        return;
+        return false;
     }
     if (!m_labelAsShown.isEmpty() && m_labelEdited &&
         !m_session.boxes.Confirms(
             QStringLiteral("Are you sure you want to save changes to this record?"),
             QStringLiteral("Save Changes to Record"))) {
         m_pageDirty = false;
-        return;
+        return true;
     }
     m_repeatLastRecord = false;
     if (const Obstacle obstacle = Store(screen); obstacle != Obstacle::None) {
         Tell(obstacle, screen);
-        return;
+        return false;
     }
     const bool removed = screen.keyID.isEmpty();
     m_last = screen;
@@ -120,6 +118,7 @@ void KeyRecord::SaveKeyRecord(KeyRecordText& screen) {
     KeepInPage(removed ? KeyRecordText() : screen);
     m_labelAsShown = screen.keyID;
     m_pageDirty = false;
+    return true;
 }
 
 /// Writes all of a record, or nothing when something stands in its way by now.

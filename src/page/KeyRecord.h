@@ -32,7 +32,8 @@ public:
 
     /// Saves what is on the screen, all in one transaction, unless it is refused: then the user
     /// has been told, and nothing is stored. The text on the screen is set to what holds then.
-    void SaveKeyRecord(KeyRecordText& screen);
+    /// False when it is refused.
+    bool SaveKeyRecord(KeyRecordText& screen);
 
     /// What was saved last is offered to the next key without Key ID, until a page is loaded.
     bool RepeatsLastRecord() const;

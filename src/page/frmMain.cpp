@@ -4,6 +4,7 @@
 #include "access/IdleWatch.h"
 #include "engine/CellStates.h"
 #include "page/KeyCell.h"
+#include "page/KeyLists.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
 #include "ui_frmMain.h"
@@ -17,6 +18,7 @@
 #include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -29,6 +31,13 @@ constexpr int kDescriptionLength = 250;
 /// another cell saves one of a single character too.
 constexpr int kLabelToLeavePage = 2;
 
+/// What the page and the selected key take of the form's width at first, in pixels.
+constexpr int kPageWidth = 1020;
+
+QString NotYet() {
+    return frmMain::tr("This window is not part of this version yet.");
+}
+
 } // namespace
 
 frmMain::frmMain(Session& session)
@@ -36,11 +45,17 @@ frmMain::frmMain(Session& session)
       m_record(session, m_page) {
     ui->setupUi(this);
     setProperty(kHelpContext, help::kMainPage);
-    ui->cmdPrintPage->setEnabled(false);
+    // A larger window is shared: it is the lists that run short of room.
+    ui->splMain->setStretchFactor(0, 1);
+    ui->splMain->setStretchFactor(1, 1);
+    ui->splMain->setSizes({kPageWidth, width() - kPageWidth});
+    resize(size().boundedTo(screen()->availableSize()));
     SetFonts();
     BuildLegend();
     WatchMenu();
+    WatchHelpMenu();
     WatchRecord();
+    WatchLists();
     On(ui->grdPage, &PageGrid::CellClicked, [this](int cell) { ClickCell(cell); });
     On(ui->scrlPage, &QScrollBar::valueChanged, [this](int page) { TurnPage(page); });
     On(ui->scrlPage, &QScrollBar::sliderMoved, [this](int page) {
@@ -67,7 +82,10 @@ frmMain::frmMain(Session& session)
     Guarded([this] { LoadForm(); });
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // A box that loses the focus while the form goes no longer fills its list.
+    ui->lists->disconnect(this);
+}
 
 void frmMain::SetFonts() {
     QFont bold = font();
@@ -84,49 +102,137 @@ void frmMain::SetFonts() {
     ui->grdLevels->setColumnMinimumWidth(0, widest);
 }
 
+/// The entries that do nothing but lead to a form.
+std::vector<frmMain::FormEntry> frmMain::FormEntries() const {
+    const Permissions& may = m_session.SessionPermissions;
+    return {{ui->mnuPrintDoors, "frmDoorsList", true},
+            {ui->mnuHardware, "frmPrintHardware", true},
+            {ui->mnuKeysByDepartment, "frmKeysbyDepartment", true},
+            {ui->mnuKeysByUsers, "frmKeysbyUsers", true},
+            {ui->mnuPrintKeyChart, "frmPrintKeyPages", true},
+            {ui->mnuPrintChart, "frmPrintPinning", may.ReadPrintPinning},
+            {ui->mnuUnKeyed, "frmUKDoorsList", true},
+            {ui->mnuFileExit, "frmExit", true},
+            {ui->mnuCompanyInfo, "frmCompanyInfo", may.CreateSystem},
+            {ui->mnuEditDepartment, "frmDepartments", true},
+            {ui->mnuEditHardware, "frmEditHardware", true},
+            {ui->mnuNetwork, "frmNetwork", may.CreateSystem && may.AddEditProgramUsers},
+            {ui->mnuAssignDoors, "frmDoors", may.IssueKeys},
+            {ui->mnuAssignUsers, "frmKeyUsers", true},
+            {ui->mnuMapFiles, "frmMapFiles", may.CreateSystem},
+            {ui->mnuCurrent, "frmFindKey", true},
+            {ui->mnuReturned, "frmDBReturnKey", may.AddEditProgramUsers},
+            {ui->mnuLost, "frmDBLostKeys", may.AddEditProgramUsers},
+            {ui->mnuHelpAbout, "frmAbout", true}};
+}
+
 void frmMain::WatchMenu() {
-    // Every entry first saves a pending edit of the key.
-    const auto on = [this](QAction* entry, auto action) {
-        On(entry, &QAction::triggered, [this, action] {
-            SavePending(kLabelToLeavePage);
-            action();
-        });
-    };
-    on(ui->mnuFileNew, [this] {
-        LeaveSystem();
-        emit NewSystemWanted();
-        close();
-    });
-    on(ui->mnuFileOpen, [this] {
-        LeaveSystem();
-        emit OpenSystemWanted();
-        close();
-    });
-    on(ui->mnuFileExit, [this] {
-        hide();
-        emit ExitWanted();
-    });
-    on(ui->mnuCompanyInfo, [this] {
-        m_session.CompanyInfoEmpty = false;
-        hide();
-        emit CompanyWanted();
-    });
-    on(ui->mnuNetwork, [this] {
-        if (!m_session.SessionPermissions.AddEditProgramUsers)
+    for (const FormEntry& entry : FormEntries())
+        On(entry.action, &QAction::triggered,
+           [this, form = QString::fromLatin1(entry.form)] { AskFor(form); });
+    connect(ui->mnuFind->menuAction(), &QAction::triggered, ui->mnuCurrent, &QAction::trigger);
+    On(ui->mnuFileNew, &QAction::triggered,
+       [this] { LeaveSystem(QStringLiteral("frmCreateFile")); });
+    On(ui->mnuFileOpen, &QAction::triggered,
+       [this] { LeaveSystem(QStringLiteral("frmOpenFile")); });
+    On(ui->mnuPinSizes, &QAction::triggered, [this] {
+        if (!SavePending(kLabelToLeavePage))
             return;
-        hide();
-        emit NetworkWanted();
-    });
-    on(ui->mnuPinSizes, [this] {
-        hide();
         emit PinSizesWanted(ui->lblBrand->text());
-    });
-    on(ui->mnuHelpContents, [this] { emit HelpWanted(help::kContents); });
-    on(ui->mnuHelpIndex, [this] { emit HelpIndexWanted(); });
-    on(ui->mnuHelpAbout, [this] {
         hide();
-        emit AboutWanted();
     });
+    On(ui->mnuUsersAdd, &QAction::triggered, [this] {
+        if (m_session.SessionPermissions.AddEditProgramUsers)
+            AskFor(QStringLiteral("frmPermissions"));
+        else if (SavePending(kLabelToLeavePage))
+            m_session.boxes.Message(tr("You Do Not Have Permission to Set User Paramiters"),
+                                    m_session.ProgramTitle);
+    });
+}
+
+void frmMain::WatchHelpMenu() {
+    On(ui->mnuHelpContents, &QAction::triggered, [this] {
+        if (SavePending(kLabelToLeavePage))
+            emit HelpWanted(help::kContents);
+    });
+    On(ui->mnuHelpIndex, &QAction::triggered, [this] {
+        if (SavePending(kLabelToLeavePage))
+            emit HelpIndexWanted();
+    });
+}
+
+void frmMain::AskFor(const QString& formName) {
+    if (!SavePending(kLabelToLeavePage))
+        return;
+    emit FormWanted(formName);
+    hide();
+}
+
+void frmMain::LeaveSystem(const QString& formName) {
+    // Whatever length the Key ID has: there is no coming back to it.
+    if (!SavePending(1))
+        return;
+    emit FormWanted(formName);
+    hide();
+    m_leavingSystem = true;
+    close();
+}
+
+void frmMain::OfferForms(const QSet<QString>& names) {
+    m_offered = names;
+    ApplyPermissions();
+}
+
+void frmMain::WatchLists() {
+    On(ui->lists, &ListArea::KeysWanted, [this](const QString& filter) {
+        const BusyPointer busy;
+        ui->lists->ShowKeys(FillKeyList(m_session, filter));
+    });
+    On(ui->lists, &ListArea::DoorsWanted, [this](const QString& filter) {
+        const BusyPointer busy;
+        ui->lists->ShowDoors(
+            FillDoorList(m_session, m_page, m_selectedCell, ui->txtKeyID->text(), filter));
+    });
+    On(ui->lists, &ListArea::UsersWanted, [this](const QString& filter) {
+        const BusyPointer busy;
+        ui->lists->ShowUsers(FillUserList(m_session, ui->txtKeyID->text(), filter));
+    });
+    On(ui->lists, &ListArea::KeyChosen, [this](int page, int cell) { BringUp(page, cell); });
+    On(ui->lists, &ListArea::DoorChosen, [this](const QString& label) {
+        if (!MayLeaveFor("frmDoors"))
+            return;
+        emit DoorWanted(label);
+        hide();
+    });
+    On(ui->lists, &ListArea::UserChosen, [this](const QString& userID) {
+        if (!MayLeaveFor("frmKeyUsers"))
+            return;
+        emit KeyUserWanted(userID);
+        hide();
+    });
+}
+
+/// True when a line of a list can lead to its form, and nothing that was typed is lost by it.
+bool frmMain::MayLeaveFor(const char* formName) {
+    if (m_offered.contains(QLatin1String(formName)))
+        return SavePending(1);
+    QToolTip::showText(ui->lists->mapToGlobal(ui->lists->rect().center()), NotYet());
+    return false;
+}
+
+/// Shows the page of a key and selects it.
+void frmMain::BringUp(int page, int cell) {
+    const BusyPointer busy;
+    if (!SavePending(kLabelToLeavePage))
+        return;
+    m_record.Forget();
+    ui->scrlPage->setValue(page);
+    if (m_page.LoadedPage() != page)
+        return; // It could not be read, and the user has been told.
+    // Another workstation may have changed a page that was here before.
+    m_page.LoadPageView();
+    m_page.LoadingPage = false;
+    ClickCell(cell);
 }
 
 void frmMain::WatchRecord() {
@@ -191,21 +297,25 @@ void frmMain::SelectWhole(QObject* field) {
 }
 
 void frmMain::RaiseCase(QObject* field) {
-    if (field == ui->txtKeyID)
-        ui->txtKeyID->setText(RightTrimmed(ui->txtKeyID->text().toUpper()));
+    if (field == ui->txtKeyID) {
+        const QString text = ui->txtKeyID->text().toUpper();
+        // A blank that takes the Key ID away stays until the key is left.
+        ui->txtKeyID->setText(text.trimmed().isEmpty() ? text.left(1) : RightTrimmed(text));
+    }
     if (field == ui->txtKeyway)
         ui->txtKeyway->setText(ui->txtKeyway->text().toUpper());
     if (field == ui->cmbDepartment)
         ui->cmbDepartment->setEditText(ui->cmbDepartment->currentText().toUpper());
 }
 
-void frmMain::SavePending(int leastLabel) {
+/// False when the record is refused.
+bool frmMain::SavePending(int leastLabel) {
     if (!m_record.PageDirty() || ui->txtKeyID->text().size() < leastLabel)
-        return;
+        return true;
     const BusyPointer busy;
     KeyRecordText screen{ui->txtKeyID->text(), ui->txtKeyway->text(),
                          ui->cmbDepartment->currentText(), ui->txtDescription->toPlainText()};
-    m_record.SaveKeyRecord(screen);
+    const bool accepted = m_record.SaveKeyRecord(screen);
     // What holds now is shown; it is no edit of the user's.
     const bool stillDirty = m_record.PageDirty();
     ui->txtKeyID->setText(screen.keyID);
@@ -213,6 +323,7 @@ void frmMain::SavePending(int leastLabel) {
     LoadDepartmentList();
     if (!stillDirty)
         m_record.Forget();
+    return accepted;
 }
 
 void frmMain::AddShortcuts() {
@@ -227,22 +338,20 @@ void frmMain::AddShortcuts() {
         else
             ui->grdPage->setFocus();
     });
-}
-
-void frmMain::LeaveSystem() {
-    hide();
-    m_leavingSystem = true;
+    on(Qt::Key_F7, [this] { ui->lists->FocusNext(); });
 }
 
 bool frmMain::Unloading() {
+    if (m_leavingSystem)
+        return true;
     try {
-        SavePending(1);
+        if (!SavePending(1))
+            return false;
     } catch (...) {
         m_record.Forget(); // Whoever closes the form once more means it.
         throw;
     }
-    if (!m_leavingSystem)
-        emit ExitWanted();
+    emit FormWanted(QStringLiteral("frmExit"));
     return true;
 }
 
@@ -266,13 +375,28 @@ void frmMain::LoadForm() {
     ApplyLevelCaptions();
 }
 
+/// Dims what the user has no right to, and what leads nowhere.
 void frmMain::ApplyPermissions() {
     const Permissions& may = m_session.SessionPermissions;
     ui->mnuUsers->menuAction()->setEnabled(may.AddEditProgramUsers);
     ui->cmdPinning->setEnabled(may.ReadPrintPinning);
-    ui->mnuFileNew->setEnabled(may.CreateSystem);
-    for (QAction* entry : {ui->mnuCompanyInfo, ui->mnuPinSizes, ui->mnuNetwork})
-        entry->setEnabled(may.CreateSystem);
+    ui->mnuFilePrint->menuAction()->setEnabled(may.RunReports);
+    auto entries = FormEntries();
+    entries.insert(entries.end(), {{ui->mnuFileNew, "frmCreateFile", may.CreateSystem},
+                                   {ui->mnuFileOpen, "frmOpenFile", true},
+                                   {ui->mnuPinSizes, "frmManufacturer", may.CreateSystem},
+                                   {ui->mnuUsersAdd, "frmPermissions", true}});
+    for (const FormEntry& entry : entries) {
+        const bool offered = m_offered.contains(QLatin1String(entry.form));
+        entry.action->setEnabled(offered && entry.allowed);
+        entry.action->setToolTip(offered ? QString() : NotYet());
+    }
+    for (QAction* entry : {ui->mnuPrintAll, ui->mnuPrintKeys, ui->mnuFilePrinter}) {
+        entry->setEnabled(false);
+        entry->setToolTip(NotYet());
+    }
+    ui->cmdPrintPage->setEnabled(false);
+    ui->cmdPrintPage->setToolTip(NotYet());
 }
 
 void frmMain::ShowSystem() {
@@ -469,6 +593,7 @@ void frmMain::SelectCell(int cell, bool warn) {
     PaintCells(selection);
     RepeatLastRecord();
     ui->txtKeyID->setFocus();
+    ui->lists->ClearKey();
     if (!warn)
         return;
     if (selection.notRecommended)

@@ -7,10 +7,13 @@
 #include "widgets/Form.h"
 
 #include <QMainWindow>
+#include <QSet>
 #include <QTimer>
 
 #include <memory>
+#include <vector>
 
+class QAction;
 class QLabel;
 
 namespace Ui {
@@ -30,20 +33,21 @@ public:
     /// Brings up a cell of the page, as a click on it does.
     void ClickCell(int cell);
 
+    /// Names the forms that can be asked for. What leads to another one is dimmed.
+    void OfferForms(const QSet<QString>& names);
+
 protected:
     void Activated() override;
     bool Unloading() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
-    void NewSystemWanted();
-    void OpenSystemWanted();
-    void CompanyWanted();
-    void NetworkWanted();
+    /// A form is wanted in place of this one.
+    void FormWanted(const QString& formName);
     void PinSizesWanted(const QString& brand);
     void PinningWanted(const PinningRequest& request);
-    void AboutWanted();
-    void ExitWanted();
+    void DoorWanted(const QString& doorLabel);
+    void KeyUserWanted(const QString& userID);
     void HelpWanted(int context);
     void HelpIndexWanted();
     /// The workstation has been left alone.
@@ -54,6 +58,13 @@ private:
         QLabel *caption, *id, *description;
     };
 
+    /// An entry of the menu that leads to a form, and whether the user has the right to it.
+    struct FormEntry {
+        QAction* action;
+        const char* form;
+        bool allowed;
+    };
+
     void LoadForm();
     void ApplyPermissions();
     void ShowSystem();
@@ -61,12 +72,19 @@ private:
     void ApplyLevelCaptions();
     void BuildLegend();
     void SetFonts();
+    std::vector<FormEntry> FormEntries() const;
     void WatchMenu();
+    void WatchHelpMenu();
+    void WatchLists();
     void WatchRecord();
     void HoldDescription();
     void SelectWhole(QObject* field);
     void RaiseCase(QObject* field);
-    void SavePending(int leastLabel);
+    bool SavePending(int leastLabel);
+    void AskFor(const QString& formName);
+    void LeaveSystem(const QString& formName);
+    bool MayLeaveFor(const char* formName);
+    void BringUp(int page, int cell);
     void RepeatLastRecord();
     void ShowPinning();
     PinningRequest SelectedKey() const;
@@ -84,7 +102,6 @@ private:
     void ShowLevels(const KeySelection& selection);
     void PaintCells(const KeySelection& selection);
     std::array<LevelLabels, kLevels> Levels() const;
-    void LeaveSystem();
 
     std::unique_ptr<Ui::frmMain> ui;
     PageView m_page;
@@ -92,7 +109,8 @@ private:
     int m_selectedCell = 0;
     int m_cellIconSize = 0; ///< 0 compact, 1 large
     bool m_leavingSystem = false;
-    QTimer m_timer1{this}; ///< counts idle time
+    QSet<QString> m_offered; ///< names of the forms that can be asked for
+    QTimer m_timer1{this};   ///< counts idle time
 };
 
 } // namespace quorrel

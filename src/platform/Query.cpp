@@ -41,6 +41,14 @@ Query& Query::WhereKeys(const std::vector<RowKey>& keys) {
     return TestAny("RowKey", keys);
 }
 
+Query& Query::WhereTrimmed(const char* column, const QString& text) {
+    // The texts that go on with a blank lie before those that go on with the character after it.
+    Test(column, " >= ", text);
+    Test(column, " < ", text + QChar(u' ' + 1));
+    m_where += " AND RTRIM(" + Quoted(column) + ") = " + Bind(text);
+    return *this;
+}
+
 Query& Query::OrderBy(const char* column, bool descending) {
     m_order += Quoted(column) + (descending ? " DESC, " : ", ");
     return *this;

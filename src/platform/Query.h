@@ -17,8 +17,13 @@ public:
     Query& Where(const char* column, const QString& value) { return Test(column, " = ", value); }
     Query& WhereBelow(const char* column, qint64 value) { return Test(column, " < ", value); }
     Query& WhereAtLeast(const char* column, qint64 value) { return Test(column, " >= ", value); }
+    Query& WhereNot(const char* column, const QString& value) {
+        return Test(column, " <> ", value);
+    }
     Query& WhereAny(const char* column, const QStringList& values);
     Query& WhereKeys(const std::vector<RowKey>& keys);
+    /// Rows whose text is this one, but for blanks on its right. An index on the column serves.
+    Query& WhereTrimmed(const char* column, const QString& text);
     Query& OrderBy(const char* column, bool descending = false);
 
     /// The WHERE clause, empty when everything is selected.

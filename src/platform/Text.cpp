@@ -1,12 +1,44 @@
 #include "platform/Text.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace quorrel {
+
+namespace {
+
+/// Characters of the number that leads a text: digits with a point at most, and an exponent.
+qsizetype LeadingNumber(const QString& text) {
+    qsizetype at = 0;
+    const auto takes = [&](auto&& fits) {
+        const bool taken = at < text.size() && fits(text[at]);
+        at += taken ? 1 : 0;
+        return taken;
+    };
+    const auto digits = [&] {
+        const qsizetype first = at;
+        while (takes([](QChar c) { return c >= u'0' && c <= u'9'; })) {
+        }
+        return at - first;
+    };
+    const auto sign = [](QChar c) { return c == u'+' || c == u'-'; };
+    takes(sign);
+    qsizetype found = digits();
+    if (takes([](QChar c) { return c == u'.'; }))
+        found += digits();
+    if (found == 0)
+        return 0;
+    const qsizetype mantissa = at;
+    if (takes([](QChar c) { return c == u'e' || c == u'E'; })) {
+        takes(sign);
+        if (digits() == 0)
+            return mantissa;
+    }
+    return at;
+}
+
+} // namespace
 
 QString Left(const QString& text, int count) {
     return text.left(std::max(count, 0));
@@ -21,11 +53,9 @@ QString Mid(const QString& text, int place, int count) {
 }
 
 double Val(const QString& text) {
-    static const QRegularExpression number(
-        QStringLiteral(R"(^[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)([eE][+-]?[0-9]+)?)"));
     QString packed = text;
-    packed.remove(QRegularExpression(QStringLiteral("[ \\t\\n]")));
-    const double value = number.match(packed).captured().toDouble();
+    packed.removeIf([](QChar c) { return c == u' ' || c == u'\t' || c == u'\n'; });
+    const double value = packed.left(LeadingNumber(packed)).toDouble();
     return std::isfinite(value) ? value : 0;
 }
 

@@ -8,6 +8,8 @@
 
 #include <QDir>
 
+#include <exception>
+
 namespace quorrel {
 
 namespace {
@@ -47,18 +49,14 @@ void LoadSystemInfo(Session& session) {
 
 /// Opens the personnel file when look-up is on. A failure leaves look-up unavailable, no more.
 void OpenPersonnel(Session& session) {
-    session.PersonnelAvailable = false;
     const SystemInfoRow& settings = session.SystemInfo;
     if (!settings.personel)
         return;
     try {
-        const QString found = FindIgnoringCase(settings.PersonelFile);
-        auto personnel = Database::OpenForeign(found);
-        personnel->Number("SELECT COUNT(*) FROM " +
-                          Query::Quoted(settings.PersonelTable.toStdString()));
-        session.PersonnelDatabase = std::move(personnel);
+        session.PersonnelRecords =
+            ForeignTable::Open(FindIgnoringCase(settings.PersonelFile), settings.PersonelTable);
         session.PersonnelAvailable = true;
-    } catch (const DatabaseError&) {
+    } catch (const std::exception&) {
         // Whoever looks a person up is told.
     }
 }
@@ -94,7 +92,8 @@ void LoadCompany(Session& session) {
 }
 
 void CloseDatabases(Session& session) {
-    session.PersonnelDatabase.reset();
+    session.PersonnelRecords.reset();
+    session.PersonnelAvailable = false;
     session.MapDatabase.reset();
     session.KeySystemDatabase.reset();
     session.SysinfoDatabase.reset();

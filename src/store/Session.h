@@ -3,6 +3,7 @@
 #include "platform/Boxes.h"
 #include "platform/Clock.h"
 #include "platform/Database.h"
+#include "platform/ForeignTable.h"
 #include "store/ProgramTables.h"
 
 #include <QString>
@@ -20,6 +21,8 @@ struct Permissions {
     bool AddEditKeyUsers = false;
     bool AlterKeyInformation = false;
     bool RunReports = false;
+
+    bool operator==(const Permissions&) const = default;
 };
 
 /// What the whole run shares. One for the program, handed by reference to all that need it.
@@ -39,9 +42,9 @@ struct Session {
     std::unique_ptr<Database> SysinfoDatabase;
     std::unique_ptr<Database> KeySystemDatabase;
     std::unique_ptr<Database> MapDatabase;
-    std::unique_ptr<Database> PersonnelDatabase;
-    QString KeySystemPath;    ///< full path of the key system file
-    QString MapDatabasePath;  ///< folder or path of the map file
+    std::unique_ptr<ForeignTable> PersonnelRecords; ///< of people, in a file that is not ours
+    QString KeySystemPath;                          ///< full path of the key system file
+    QString MapDatabasePath;                        ///< folder or path of the map file
     SystemInfoRow SystemInfo; ///< row 1: the personnel file and its field names, the flags
     bool PersonnelAvailable = false;
 

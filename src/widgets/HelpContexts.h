@@ -18,6 +18,7 @@ inline constexpr int kExit = 65;
 inline constexpr int kAbout = 70;
 inline constexpr int kNetwork = 80;
 inline constexpr int kCompany = 570;
+inline constexpr int kPermissions = 580;
 inline constexpr int kDepartments = 590;
 inline constexpr int kHardware = 595;
 inline constexpr int kLostKeys = 600;

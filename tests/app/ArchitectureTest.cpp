@@ -25,11 +25,13 @@ const QString kCore =
 
 const Rule kRules[] = {
     {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},
-    {"platform", "platform/.*", kCore + "|<soci/.*|\"platform/.*", 20},
+    {"platform", "platform/(?!JetFile\\.cpp).*", kCore + "|<soci/.*|\"platform/.*", 20},
+    {"jet", "platform/JetFile\\.cpp", kCore + "|<(glib|mdbtools)\\.h>|\"platform/.*", 5},
     {"store", "store/.*", kCore + "|\"(store|platform|engine)/.*", 20},
     // A room's logic begins with a capital; these are windows or drawn for them.
     {"logic",
-     "(?!engine|platform|store|widgets|app)[a-z]+/(?!KeyCell|PageGrid|Cylinder|ChartPage)[A-Z].*",
+     "(?!engine|platform|store|widgets|app)[a-z]+/"
+     "(?!KeyCell|ListArea|PageGrid|Cylinder|ChartPage)[A-Z].*",
      kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
     {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};

@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScrollBar>
 #include <QToolButton>
 
@@ -211,6 +210,20 @@ TEST(FrmMain, LeavingAKeySavesItsRecord) {
     EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "BACK");
 }
 
+TEST(FrmMain, ABlankTakesTheKeyIDAway) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "gone");
+    ClickCell(main, 7);
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "   ");
+    run.boxes.Expect("Are you sure you want to save changes to this record?", BoxAnswer::Yes);
+    ClickCell(main, 7);
+    EXPECT_TRUE(Recordset<AllKeysRow>(run.session.Keys()).Empty());
+    EXPECT_EQ(CellOf(main, 6)->ShownState(), 0);
+}
+
 TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
@@ -273,21 +286,6 @@ TEST(FrmMain, LayoutsAndLegendAreToggled) {
     EXPECT_TRUE(legend->isVisible());
     Click(main, "cmdLegend");
     EXPECT_FALSE(legend->isVisible());
-}
-
-TEST(FrmMain, RightsDimTheMenu) {
-    RunningProgram run;
-    CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
-    auto account = *Recordset<ProgramUsersRow>(run.session.Keys()).First();
-    account.CreateSystem = account.AddEditProgramUsers = false;
-    Recordset<ProgramUsersRow>::Update(run.session.Keys(), account);
-    run.StartAndLogOn();
-    Click(run.Form("frmOpenFile"), "cmdOpen");
-    QWidget* main = run.Form("frmMain");
-    EXPECT_FALSE(Find<QAction>(main, "mnuFileNew")->isEnabled());
-    EXPECT_FALSE(Find<QAction>(main, "mnuCompanyInfo")->isEnabled());
-    EXPECT_FALSE(Find<QMenu>(main, "mnuUsers")->menuAction()->isEnabled());
-    EXPECT_TRUE(Find<QAction>(main, "mnuFileOpen")->isEnabled());
 }
 
 TEST(FrmMain, SaysWhenNoMapFilesAreThere) {

@@ -25,7 +25,11 @@ TEST(Text, ValTakesTheLeadingNumber) {
     EXPECT_EQ(Val(".015"), 0.015);
     EXPECT_EQ(Val("2e3"), 2000);
     EXPECT_EQ(Val("2e"), 2);
-    for (const char* junk : {"", "x12", "-", ".", "inf", "nan", "1e999"})
+    EXPECT_EQ(Val("2E+x"), 2);
+    EXPECT_EQ(Val("25E-1"), 2.5);
+    EXPECT_EQ(Val("+5."), 5);
+    EXPECT_EQ(Val("1.5.2"), 1.5);
+    for (const char* junk : {"", "x12", ".e5", "+-1", "-", ".", "inf", "nan", "1e999"})
         EXPECT_EQ(Val(junk), 0) << junk;
     EXPECT_EQ(IntVal("7.9"), 7);
     EXPECT_EQ(IntVal("-0.5"), -1);

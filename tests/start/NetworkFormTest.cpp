@@ -31,13 +31,16 @@ TEST(FrmNetwork, EditsBothRows) {
     run.boxes.ExpectFileDialog("Key Databases (*.qv2)|*.qv2", other);
     Click(form, "cmdBrowse_0");
     Click(form, "optNetworkPer");
-    Type(form, "txtPersonelFile", "people.mdb");
+    run.boxes.ExpectFileDialog("Access Database (*.mdb)|*.mdb", "C:/people.mdb");
+    Click(form, "cmdBrowsePer");
+    EXPECT_EQ(Find<QLineEdit>(form, "txtPersonelFile")->text(), "C:/people.mdb");
+    Type(form, "txtPersonelFile", "people.db");
     Type(form, "txtTable", "People");
-    run.boxes.Expect("people.mdb", BoxAnswer::No);
+    run.boxes.Expect("people.db", BoxAnswer::No);
     Click(form, "cmdSave");
     EXPECT_EQ(SystemInfo(run.session)[0].NetworkPath, run.PathOf(kKeySystemFile));
 
-    run.boxes.Expect("people.mdb", BoxAnswer::Yes);
+    run.boxes.Expect("people.db", BoxAnswer::Yes);
     run.boxes.Expect("take effect at the next start");
     Click(form, "cmdSave");
     const auto rows = SystemInfo(run.session);

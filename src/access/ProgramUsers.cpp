@@ -1,0 +1,175 @@
+#include "access/ProgramUsers.h"
+
+#include "platform/Recordset.h"
+#include "store/Scramble.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace quorrel {
+
+namespace {
+
+UserOutcome Refused(const QString& text) {
+    return {UserOutcome::Kind::Refused, text, {}};
+}
+
+bool SameName(const QString& one, const QString& other) {
+    return one.trimmed().compare(other.trimmed(), Qt::CaseInsensitive) == 0;
+}
+
+bool SameAccount(const ProgramUsersRow& one, const ProgramUsersRow& other) {
+    return one.ProgramUserID == other.ProgramUserID && one.UserName == other.UserName &&
+           one.Password == other.Password && RightsOf(one) == RightsOf(other);
+}
+
+void GiveRights(ProgramUsersRow& account, const Permissions& rights) {
+    account.CreateSystem = rights.CreateSystem;
+    account.ReadPrintPinning = rights.ReadPrintPinning;
+    account.IssueKeys = rights.IssueKeys;
+    account.AddEditProgramUsers = rights.AddEditProgramUsers;
+    account.AddEditKeyUsers = rights.AddEditKeyUsers;
+    account.AlterKeyInformation = rights.AlterKeyInformation;
+    account.RunReports = rights.RunReports;
+}
+
+/// Whether a name cannot be given to an account. `own` is the account's key, 0 for a new one.
+bool IsTaken(Session& session, const QString& name, RowKey own) {
+    if (name.trimmed().isEmpty() || SameName(name, QLatin1String(kNewUserName)))
+        return true;
+    const auto accounts = ListProgramUsers(session);
+    return std::any_of(accounts.begin(), accounts.end(), [&](const ProgramUsersRow& account) {
+        return account.key != own && SameName(account.UserName, name);
+    });
+}
+
+/// Takes name and password over into an account, or says why not.
+UserOutcome TakeLogon(ProgramUsersRow& account, const QString& name, const QString& password) {
+    try {
+        account.Password = Scrambled(password);
+    } catch (const std::range_error&) {
+        return Refused(QStringLiteral("This password cannot be kept. Choose a shorter one, of "
+                                      "plain letters, digits and signs."));
+    }
+    account.UserName = name;
+    return {};
+}
+
+UserOutcome AddUser(Session& session, const ProgramUser& typed, const QString& name) {
+    if (IsTaken(session, name, 0))
+        return Refused(QStringLiteral("You Must enter a Unique User Name"));
+    if (typed.password.size() < kNewPasswordLength)
+        return Refused(QStringLiteral("You Must enter a longer Password for ") + name);
+    ProgramUsersRow account;
+    if (auto refusal = TakeLogon(account, name, typed.password);
+        refusal.kind != UserOutcome::Kind::Done)
+        return refusal;
+    account.ProgramUserID = NextProgramUserID(session);
+    GiveRights(account, typed.rights);
+    Recordset<ProgramUsersRow>::Add(session.Keys(), account);
+    return {};
+}
+
+UserOutcome EditUser(Session& session, const ProgramUser& typed, const QString& name,
+                     ProgramUsersRow account) {
+    if (!SameName(account.UserName, name) && IsTaken(session, name, account.key))
+        return Refused(QStringLiteral("You Must enter a Unique User Name"));
+    if (auto refusal = TakeLogon(account, name, typed.password);
+        refusal.kind != UserOutcome::Kind::Done)
+        return refusal;
+    if (account.ProgramUserID != kFirstAccount)
+        GiveRights(account, typed.rights);
+    Recordset<ProgramUsersRow>::Update(session.Keys(), account);
+    return {};
+}
+
+/// Whether an account still is what it was when it was opened.
+UserOutcome AsOpened(Session& session, const ProgramUsersRow& opened) {
+    auto account = FindProgramUser(session, opened.key);
+    if (!account)
+        return {UserOutcome::Kind::Gone, {}, {}};
+    if (!SameAccount(*account, opened))
+        return {UserOutcome::Kind::Changed, {}, std::move(account)};
+    return {};
+}
+
+UserOutcome Mismatch() {
+    return Refused(QStringLiteral("Password must match ConfirmPassword"));
+}
+
+} // namespace
+
+std::vector<ProgramUsersRow> ListProgramUsers(Session& session) {
+    return Recordset<ProgramUsersRow>(session.Keys()).Rows();
+}
+
+std::optional<ProgramUsersRow> FindProgramUser(Session& session, RowKey key) {
+    return Recordset<ProgramUsersRow>(session.Keys(), Query().Where("RowKey", key)).First();
+}
+
+int NextProgramUserID(Session& session) {
+    return static_cast<int>(Recordset<ProgramUsersRow>(session.Keys()).Largest("ProgramUserID")) +
+           1;
+}
+
+Permissions RightsOf(const ProgramUsersRow& account) {
+    Permissions rights;
+    rights.CreateSystem = account.CreateSystem;
+    rights.ReadPrintPinning = account.ReadPrintPinning;
+    rights.IssueKeys = account.IssueKeys;
+    rights.AddEditProgramUsers = account.AddEditProgramUsers;
+    rights.AddEditKeyUsers = account.AddEditKeyUsers;
+    rights.AlterKeyInformation = account.AlterKeyInformation;
+    rights.RunReports = account.RunReports;
+    return rights;
+}
+
+ProgramUser ShownUser(const ProgramUsersRow& account) {
+    ProgramUser user;
+    user.name = account.UserName;
+    try {
+        user.password = user.confirmation = Unscrambled(account.Password);
+    } catch (const std::range_error&) {
+        // Not stored by this program: whoever opens the account can give it another.
+    }
+    user.rights = RightsOf(account);
+    return user;
+}
+
+UserOutcome SaveProgramUser(Session& session, const ProgramUser& typed,
+                            const std::optional<ProgramUsersRow>& opened) {
+    if (typed.password != typed.confirmation)
+        return Mismatch();
+    const QString name = typed.name.left(kUserNameLength);
+    Transaction transaction(session.Keys());
+    UserOutcome outcome;
+    if (opened) {
+        outcome = AsOpened(session, *opened);
+        if (outcome.kind == UserOutcome::Kind::Done)
+            outcome = EditUser(session, typed, name, *opened);
+    } else {
+        outcome = AddUser(session, typed, name);
+    }
+    if (outcome.kind != UserOutcome::Kind::Done)
+        return outcome;
+    transaction.Commit();
+    if (opened && session.LoggedUser.compare(opened->UserName, Qt::CaseInsensitive) == 0)
+        session.LoggedUser = name;
+    return {};
+}
+
+UserOutcome DeleteProgramUser(Session& session, const ProgramUser& typed,
+                              const ProgramUsersRow& opened) {
+    if (typed.password != typed.confirmation)
+        return Mismatch();
+    if (opened.ProgramUserID == kFirstAccount)
+        return Refused(QStringLiteral("You Cannot Delete this Account or Change it's Permissions"));
+    Transaction transaction(session.Keys());
+    if (auto outcome = AsOpened(session, opened); outcome.kind != UserOutcome::Kind::Done)
+        return outcome;
+    Recordset<ProgramUsersRow>(session.Keys(), Query().Where("RowKey", opened.key)).DeleteAll();
+    transaction.Commit();
+    return {};
+}
+
+} // namespace quorrel

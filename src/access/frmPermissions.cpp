@@ -1,0 +1,212 @@
+#include "access/frmPermissions.h"
+
+#include "ui_frmPermissions.h"
+#include "widgets/HelpContexts.h"
+
+namespace quorrel {
+
+frmPermissions::frmPermissions(Session& session)
+    : Form(session), ui(std::make_unique<Ui::frmPermissions>()) {
+    ui->setupUi(this);
+    PlaceOnScreen(*this);
+    OfferHelp(help::kPermissions, ui->cmdHelp);
+    ui->txtUserID->hide();
+    QLineEdit* name = ui->cmbUser->lineEdit();
+    name->setMaxLength(kUserNameLength);
+    // A user comes up when chosen from the list. A name that is typed is a name to be saved, even
+    // when it is that of another user.
+    ui->cmbUser->setCompleter(nullptr);
+    disconnect(name, &QLineEdit::editingFinished, ui->cmbUser, nullptr);
+    On(name, &QLineEdit::textEdited, [this](const QString& text) { m_name = text; });
+    On(ui->cmbUser, &QComboBox::activated, [this](int entry) { ChooseUser(entry); });
+    On(ui->ckAK, &QCheckBox::toggled, [this](bool checked) {
+        if (checked)
+            ui->ckRP->setChecked(true);
+    });
+    On(ui->cmdAdd, &QPushButton::clicked, [this] { Add(); });
+    On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
+    On(ui->cmdDelete, &QPushButton::clicked, [this] { Delete(); });
+    On(ui->cmdAutoLog, &QPushButton::clicked, [this] { ToggleAutoLogoff(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    for (QWidget* edited : std::initializer_list<QWidget*>{
+             ui->frmUser, ui->frmRights, ui->cmdAdd, ui->cmdSave, ui->cmdDelete, ui->cmdAutoLog})
+        edited->setEnabled(MayEdit());
+    ShowAutoLogoff();
+    Guarded([this] {
+        FillUsers();
+        ShowNewUser();
+    });
+}
+
+frmPermissions::~frmPermissions() = default;
+
+std::array<frmPermissions::Right, 7> frmPermissions::Rights() const {
+    // Altering comes before reading, which it checks along with itself.
+    return {{{ui->ckAK, &Permissions::AlterKeyInformation},
+             {ui->ckRP, &Permissions::ReadPrintPinning},
+             {ui->ckAEPU, &Permissions::AddEditProgramUsers},
+             {ui->ckCS, &Permissions::CreateSystem},
+             {ui->ckAEKU, &Permissions::AddEditKeyUsers},
+             {ui->ckRR, &Permissions::RunReports},
+             {ui->ckIK, &Permissions::IssueKeys}}};
+}
+
+void frmPermissions::FillUsers() {
+    ui->cmbUser->clear();
+    for (const ProgramUsersRow& account : ListProgramUsers(m_session))
+        ui->cmbUser->addItem(account.UserName, account.key);
+    ui->cmbUser->addItem(QLatin1String(kNewUserName));
+}
+
+void frmPermissions::Show(const ProgramUser& user) {
+    m_shown = user;
+    m_name = user.name;
+    ui->cmbUser->setEditText(user.name);
+    ui->txtPassword->setText(user.password);
+    ui->txtConfirmPassword->setText(user.confirmation);
+    const bool first = m_opened && m_opened->ProgramUserID == kFirstAccount;
+    for (const Right& right : Rights()) {
+        right.box->setChecked(user.rights.*right.held);
+        right.box->setEnabled(!first);
+    }
+    ui->lblFirstAccount->setVisible(first);
+    ui->cmdDelete->setEnabled(MayEdit() && m_opened);
+}
+
+void frmPermissions::ShowNewUser() {
+    if (!MayEdit())
+        return;
+    m_opened.reset();
+    ui->cmbUser->setCurrentIndex(ui->cmbUser->count() - 1);
+    ui->txtUserID->setText(QString::number(NextProgramUserID(m_session)));
+    Show({QLatin1String(kNewUserName), {}, {}, {}});
+    ui->cmbUser->lineEdit()->selectAll();
+    ui->cmbUser->setFocus();
+}
+
+void frmPermissions::ShowAccount(const ProgramUsersRow& account) {
+    m_opened = account;
+    ui->cmbUser->setCurrentIndex(ui->cmbUser->findData(account.key));
+    ui->txtUserID->setText(QString::number(account.ProgramUserID));
+    Show(ShownUser(account));
+}
+
+ProgramUser frmPermissions::Typed(const QString& name) const {
+    ProgramUser user{name, ui->txtPassword->text(), ui->txtConfirmPassword->text(), {}};
+    for (const Right& right : Rights())
+        user.rights.*right.held = right.box->isChecked();
+    return user;
+}
+
+/// Asks before what was typed gives way to something else.
+bool frmPermissions::MayDrop(const ProgramUser& typed) {
+    if (typed == m_shown)
+        return true;
+    const bool unnamed = !m_opened && typed.name == QLatin1String(kNewUserName);
+    const QString whom = m_opened ? m_opened->UserName : unnamed ? tr("the new user") : typed.name;
+    return m_session.boxes.Confirms(
+        tr("What you have entered for %1 is not saved. Go on without saving it?").arg(whom),
+        m_session.ProgramTitle);
+}
+
+void frmPermissions::ChooseUser(int entry) {
+    if (!MayEdit())
+        return;
+    const QString typedName = m_name;
+    if (!MayDrop(Typed(typedName))) {
+        ui->cmbUser->setEditText(typedName);
+        return;
+    }
+    const QVariant key = ui->cmbUser->itemData(entry);
+    if (key.isNull()) {
+        ShowNewUser();
+    } else if (const auto account = FindProgramUser(m_session, key.toLongLong())) {
+        ShowAccount(*account);
+    } else {
+        Tell(tr("%1 has been deleted at another workstation.").arg(ui->cmbUser->itemText(entry)));
+        FillUsers();
+        ShowNewUser();
+    }
+}
+
+void frmPermissions::Add() {
+    if (!MayEdit() || !MayDrop(Typed(ui->cmbUser->currentText())))
+        return;
+    FillUsers();
+    ShowNewUser();
+    Tell(tr("Enter Unique User Name and Set Permissions then click Save"));
+}
+
+void frmPermissions::Save() {
+    if (!MayEdit())
+        return;
+    const ProgramUser typed = Typed(ui->cmbUser->currentText());
+    UserOutcome outcome = SaveProgramUser(m_session, typed, m_opened);
+    if (outcome.kind == UserOutcome::Kind::Gone) {
+        if (!m_session.boxes.Confirms(
+                tr("%1 has been deleted at another workstation. Add this user again?")
+                    .arg(m_opened->UserName),
+                m_session.ProgramTitle))
+            return;
+        outcome = SaveProgramUser(m_session, typed, std::nullopt);
+    }
+    if (outcome.kind == UserOutcome::Kind::Changed)
+        return TellChange(*outcome.present);
+    if (outcome.kind == UserOutcome::Kind::Refused)
+        return Tell(outcome.text);
+    FillUsers();
+    ShowNewUser();
+}
+
+void frmPermissions::Delete() {
+    if (!MayEdit() || !m_opened)
+        return;
+    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(m_opened->UserName),
+                                  m_session.ProgramTitle))
+        return;
+    const UserOutcome outcome =
+        DeleteProgramUser(m_session, Typed(ui->cmbUser->currentText()), *m_opened);
+    if (outcome.kind == UserOutcome::Kind::Changed)
+        return TellChange(*outcome.present);
+    if (outcome.kind == UserOutcome::Kind::Refused)
+        return Tell(outcome.text);
+    FillUsers();
+    ShowNewUser();
+}
+
+void frmPermissions::Tell(const QString& text) {
+    m_session.boxes.Message(text, m_session.ProgramTitle);
+}
+
+/// What was typed stays, and is written over the change when the user says so once more.
+void frmPermissions::TellChange(const ProgramUsersRow& present) {
+    const QString now = present.UserName == m_opened->UserName
+                            ? QString()
+                            : tr(" It is now the account of %1.").arg(present.UserName);
+    Tell(tr("The account of %1 has been changed at another workstation.%2\n\nClick the button "
+            "once more to go on all the same, or choose the user from the list to see the account "
+            "as it is now.")
+             .arg(m_opened->UserName, now));
+    m_opened = present;
+    ui->txtUserID->setText(QString::number(present.ProgramUserID));
+}
+
+void frmPermissions::ToggleAutoLogoff() {
+    if (!MayEdit())
+        return;
+    m_session.AutoLogoffActive = !m_session.AutoLogoffActive;
+    ShowAutoLogoff();
+}
+
+void frmPermissions::ShowAutoLogoff() {
+    ui->lblAutoLog->setText(m_session.AutoLogoffActive ? tr("ON") : tr("OFF"));
+}
+
+bool frmPermissions::Unloading() {
+    if (MayEdit() && !MayDrop(Typed(ui->cmbUser->currentText())))
+        return false;
+    emit Closed();
+    return true;
+}
+
+} // namespace quorrel

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "access/ProgramUsers.h"
+#include "widgets/Form.h"
+
+#include <array>
+#include <memory>
+
+class QCheckBox;
+
+namespace Ui {
+class frmPermissions;
+}
+
+namespace quorrel {
+
+/// Adds, changes and deletes program users, and switches the automatic log-off.
+class frmPermissions : public Form {
+    Q_OBJECT
+
+public:
+    explicit frmPermissions(Session& session);
+    ~frmPermissions() override;
+
+signals:
+    void Closed();
+
+protected:
+    bool Unloading() override;
+
+private:
+    struct Right {
+        QCheckBox* box;
+        bool Permissions::*held;
+    };
+
+    std::array<Right, 7> Rights() const;
+    bool MayEdit() const { return m_session.SessionPermissions.AddEditProgramUsers; }
+    void FillUsers();
+    void Show(const ProgramUser& user);
+    void ShowNewUser();
+    void ShowAccount(const ProgramUsersRow& account);
+    ProgramUser Typed(const QString& name) const;
+    bool MayDrop(const ProgramUser& typed);
+    void ChooseUser(int entry);
+    void Add();
+    void Save();
+    void Delete();
+    void Tell(const QString& text);
+    void TellChange(const ProgramUsersRow& present);
+    void ToggleAutoLogoff();
+    void ShowAutoLogoff();
+
+    std::unique_ptr<Ui::frmPermissions> ui;
+    std::optional<ProgramUsersRow> m_opened; ///< the account brought up; none for a new user
+    ProgramUser m_shown;                     ///< as it was brought up, before anything was typed
+    QString m_name; ///< the name as typed, for when the list takes its place
+};
+
+} // namespace quorrel

@@ -1,0 +1,291 @@
+#include "page/KeyLists.h"
+
+#include "platform/Recordset.h"
+#include "platform/Text.h"
+#include "store/Scramble.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <string_view>
+
+namespace quorrel {
+
+namespace {
+
+constexpr int kKeyIDWidth = 12;
+constexpr int kShownDepartment = 6;
+/// How many holders are looked up at a time.
+constexpr qsizetype kHoldersAtATime = 200;
+/// The `Label` of a key without a Key ID.
+const QString kUnnamed(19, u' ');
+
+/// What the lists show of a key.
+struct NamedKey {
+    using Self = NamedKey;
+    RowKey key = 0;
+    int PageNumber = 0;
+    int Position = 0;
+    QString Label;
+    QString Department;
+    QString Description;
+
+    static constexpr const char* kTable = "Patterns";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(PageNumber), QUORREL_COLUMN(Position),
+                          QUORREL_COLUMN(Label), QUORREL_COLUMN(Department),
+                          QUORREL_COLUMN(Description)};
+    }
+};
+
+/// What tells whether a named key lies under a master.
+struct NamedCuts {
+    using Self = NamedCuts;
+    RowKey key = 0;
+    QString KeyID;
+    QString Cuts;
+
+    static constexpr const char* kTable = "AllKeys";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(KeyID), QUORREL_COLUMN(Cuts)};
+    }
+};
+
+/// What the list shows of a door.
+struct Door {
+    using Self = Door;
+    RowKey key = 0;
+    QString DoorLabel;
+    QString DoorDescription;
+    QString CutsLabel;
+
+    static constexpr const char* kTable = "Doors";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(DoorDescription),
+                          QUORREL_COLUMN(CutsLabel)};
+    }
+};
+
+/// A unit in a holder's hands.
+struct HeldUnit {
+    using Self = HeldUnit;
+    RowKey key = 0;
+    QString UnitID;
+    QString UserID;
+
+    static constexpr const char* kTable = "UsertoUnit";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(UnitID), QUORREL_COLUMN(UserID)};
+    }
+};
+
+/// The name of a holder.
+struct Holder {
+    using Self = Holder;
+    RowKey key = 0;
+    QString UserIDNumber;
+    QString Firstname;
+    QString Lastname;
+
+    static constexpr const char* kTable = "KeyUsers";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
+                          QUORREL_COLUMN(Lastname)};
+    }
+};
+
+bool Passes(const QString& text, const QString& filter) {
+    // An empty filter is no beginning of a text that is null.
+    return filter.isEmpty() || text.startsWith(filter, Qt::CaseInsensitive);
+}
+
+/// A line of a list is one line, whatever its parts hold.
+QString OneLine(QString text) {
+    for (const char16_t end : {u'\r', u'\n', u'\u2028', u'\u2029'})
+        text.replace(QChar(end), u' ');
+    return text;
+}
+
+/// A list of doors under way: of lines that are the same it takes the first.
+class DoorLines {
+public:
+    void Add(const Door& door) {
+        QString text = OneLine(door.DoorLabel + QString(5, u' ') + door.DoorDescription);
+        if (m_listed.contains(text))
+            return;
+        m_listed.insert(text);
+        m_lines.push_back({std::move(text), door.DoorLabel});
+    }
+
+    std::vector<SubjectLine> Take() { return std::move(m_lines); }
+
+private:
+    QSet<QString> m_listed;
+    std::vector<SubjectLine> m_lines;
+};
+
+/// The Key IDs under a master, which are those that have its cuts wherever these are not the
+/// theoretical master's.
+class SubKeys {
+public:
+    SubKeys(Session& session, const OpenSystem& system, const std::string& cuts)
+        : m_mask(MaskOf(system, cuts)) {
+        Recordset<NamedCuts>(session.Keys(),
+                             Query().Where("SystemNumber", session.ActiveSystemNumber))
+            .Walk([&](const NamedCuts& key) {
+                if (!IsNoValue(key.KeyID) && IsUnderMask(Unscrambled(key.Cuts)))
+                    Take(RightTrimmed(key.KeyID));
+                return true;
+            });
+    }
+
+    qsizetype Count() const { return m_placeOf.size(); }
+
+    /// Place of the first Key ID that a door's `CutsLabel` begins with; -1 for none.
+    qsizetype FirstOf(const QString& cutsLabel) const {
+        qsizetype first = -1;
+        for (const qsizetype length : m_lengths) {
+            if (length > cutsLabel.size())
+                continue;
+            const qsizetype place = m_placeOf.value(cutsLabel.left(length), -1);
+            if (place >= 0 && (first < 0 || place < first))
+                first = place;
+        }
+        return first;
+    }
+
+private:
+    static QString MaskOf(const OpenSystem& system, std::string_view cuts) {
+        QString mask;
+        for (std::size_t i = 0; i < system.MasterKeyCuts.size(); ++i)
+            mask +=
+                QLatin1Char(i < cuts.size() && cuts[i] != system.MasterKeyCuts[i] ? cuts[i] : 'x');
+        return mask;
+    }
+
+    bool IsUnderMask(const QString& cuts) const {
+        return cuts.size() >= m_mask.size() &&
+               std::equal(m_mask.begin(), m_mask.end(), cuts.begin(),
+                          [](QChar wanted, QChar cut) { return wanted == u'x' || wanted == cut; });
+    }
+
+    void Take(const QString& keyID) {
+        if (m_placeOf.contains(keyID))
+            return;
+        m_placeOf.insert(keyID, m_placeOf.size());
+        m_lengths.insert(keyID.size());
+    }
+
+    QString m_mask;
+    QHash<QString, qsizetype> m_placeOf;
+    QSet<qsizetype> m_lengths; ///< of the Key IDs
+};
+
+/// The name of each holder among some IDs; of several with one ID the first counts.
+QHash<QString, QString> NamesOf(Session& session, const QStringList& userIDs) {
+    QHash<QString, QString> names;
+    for (qsizetype at = 0; at < userIDs.size(); at += kHoldersAtATime)
+        Recordset<Holder>(session.Keys(),
+                          Query()
+                              .Where("SystemNumber", session.ActiveSystemNumber)
+                              .WhereAny("UserIDNumber", userIDs.mid(at, kHoldersAtATime)))
+            .Walk([&](const Holder& holder) {
+                if (!names.contains(holder.UserIDNumber))
+                    names.insert(holder.UserIDNumber, holder.Lastname + u' ' + holder.Firstname);
+                return true;
+            });
+    return names;
+}
+
+std::vector<SubjectLine> OrNone(std::vector<SubjectLine> lines) {
+    if (lines.empty())
+        lines.push_back({QStringLiteral("None"), {}});
+    return lines;
+}
+
+} // namespace
+
+std::vector<KeyLine> FillKeyList(Session& session, const QString& filter) {
+    const auto keys =
+        Recordset<NamedKey>(session.Keys(), Query()
+                                                .Where("SystemNumber", session.ActiveSystemNumber)
+                                                .WhereNot("Label", kUnnamed)
+                                                .OrderBy("Serial"))
+            .Rows();
+    qsizetype widest = 0;
+    for (const NamedKey& key : keys)
+        widest = std::max(widest, RightTrimmed(key.Label).size());
+    std::vector<KeyLine> lines;
+    for (const NamedKey& key : keys) {
+        if (IsNoValue(key.Label) || key.Position >= kAllCells || !Passes(key.Label, filter))
+            continue;
+        lines.push_back({OneLine(Padded(key.Label, static_cast<int>(widest)) + u' ' +
+                                 Padded(key.Department, kShownDepartment) + QStringLiteral("  ") +
+                                 key.Description),
+                         key.PageNumber, key.Position});
+    }
+    return lines;
+}
+
+std::vector<SubjectLine> FillDoorList(Session& session, const PageView& page, int cell,
+                                      const QString& keyID, const QString& filter) {
+    if (IsNoValue(keyID))
+        return OrNone({});
+    // Doors are those of the system under whose number the maps are filed.
+    const auto doors = [&] { return Query().Where("SystemNumber", session.MapFilingNumber); };
+    const auto isListed = [&](const Door& door) {
+        return !IsNoValue(door.DoorLabel) && Passes(door.DoorLabel, filter);
+    };
+    DoorLines lines;
+    if (!IsMasterPosition(cell)) {
+        Recordset<Door>(session.Keys(), doors().WhereTrimmed("CutsLabel", RightTrimmed(keyID)))
+            .Walk([&](const Door& door) {
+                if (isListed(door))
+                    lines.Add(door);
+                return true;
+            });
+        return OrNone(lines.Take());
+    }
+    const SubKeys keys(session, page.System(), page.Cell(cell).tag);
+    std::vector<std::vector<Door>> ofKey(static_cast<std::size_t>(keys.Count()));
+    Recordset<Door>(session.Keys(), doors()).Walk([&](const Door& door) {
+        if (!isListed(door))
+            return true;
+        if (const qsizetype place = keys.FirstOf(door.CutsLabel); place >= 0)
+            ofKey[static_cast<std::size_t>(place)].push_back(door);
+        return true;
+    });
+    for (const auto& found : ofKey)
+        for (const Door& door : found)
+            lines.Add(door);
+    return OrNone(lines.Take());
+}
+
+std::vector<SubjectLine> FillUserList(Session& session, const QString& keyID,
+                                      const QString& filter) {
+    if (IsNoValue(keyID))
+        return OrNone({});
+    const QString label = keyID.left(keyID.indexOf(QStringLiteral("  ")));
+    const auto units =
+        Recordset<HeldUnit>(session.Keys(), Query()
+                                                .Where("SystemNumber", session.ActiveSystemNumber)
+                                                .Where("KeyID", Padded(label, kKeyIDWidth)))
+            .Rows();
+    QStringList userIDs;
+    for (const HeldUnit& unit : units)
+        userIDs.append(unit.UserID);
+    userIDs.removeDuplicates();
+    const auto names = NamesOf(session, userIDs);
+    std::vector<SubjectLine> lines;
+    for (const HeldUnit& unit : units) {
+        const QString name = names.value(unit.UserID);
+        if (Passes(name, filter))
+            lines.push_back({OneLine(unit.UnitID + QStringLiteral(" - ") + unit.UserID +
+                                     QString(3, u' ') + name),
+                             RightTrimmed(unit.UserID)});
+    }
+    return OrNone(std::move(lines));
+}
+
+} // namespace quorrel

@@ -1,0 +1,113 @@
+#include "page/ListArea.h"
+
+#include "ui_ListArea.h"
+
+#include <QFocusEvent>
+
+#include <algorithm>
+
+namespace quorrel {
+
+namespace {
+
+template <class Line>
+QStringList TextsOf(const std::vector<Line>& lines) {
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(lines.size()));
+    for (const Line& line : lines)
+        texts.append(line.text);
+    return texts;
+}
+
+} // namespace
+
+ListArea::ListArea(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::ListArea>()) {
+    ui->setupUi(this);
+    AlignPanes();
+    m_panes = {Pane{ui->txtSearchAll, ui->cmdKeyList, ui->lstAllIDs,
+                    [this] { emit KeysWanted(ui->txtSearchAll->text()); }},
+               Pane{ui->txtSearchDoor, ui->cmdListDoors, ui->lstActiveDoors,
+                    [this] { emit DoorsWanted(ui->txtSearchDoor->text()); }},
+               Pane{ui->txtSearchUser, ui->cmdListUsers, ui->lstKeyUsers,
+                    [this] { emit UsersWanted(ui->txtSearchUser->text()); }}};
+    for (const Pane& pane : m_panes)
+        Watch(pane);
+    connect(ui->lstAllIDs, &ChoiceList::Chosen, this, [this](int row) {
+        const KeyLine key = m_keys.at(static_cast<std::size_t>(row));
+        emit KeyChosen(key.page, key.cell);
+    });
+    connect(ui->lstActiveDoors, &ChoiceList::Chosen, this, [this](int row) {
+        if (const QString label = m_doors.at(static_cast<std::size_t>(row)).subject;
+            !label.isEmpty())
+            emit DoorChosen(label);
+    });
+    connect(ui->lstKeyUsers, &ChoiceList::Chosen, this, [this](int row) {
+        if (const QString id = m_users.at(static_cast<std::size_t>(row)).subject; !id.isEmpty())
+            emit UserChosen(id);
+    });
+}
+
+ListArea::~ListArea() = default;
+
+/// Gives the boxes of all lists the same place, and most of the width.
+void ListArea::AlignPanes() {
+    int widest = 0;
+    for (const QLabel* caption : {ui->Label3, ui->lblDoors, ui->lblKeyUsers})
+        widest = std::max(widest, caption->sizeHint().width());
+    for (QLabel* caption : {ui->Label3, ui->lblDoors, ui->lblKeyUsers})
+        caption->setMinimumWidth(widest);
+    for (QLineEdit* filter : {ui->txtSearchAll, ui->txtSearchDoor, ui->txtSearchUser})
+        filter->setMinimumWidth(widest);
+    for (QPushButton* button : {ui->cmdKeyList, ui->cmdListDoors, ui->cmdListUsers})
+        button->setFixedWidth(2 * fontMetrics().horizontalAdvance(button->text()));
+}
+
+void ListArea::Watch(const Pane& pane) {
+    connect(pane.button, &QPushButton::clicked, this, pane.fill);
+    connect(pane.filter, &QLineEdit::returnPressed, this, pane.fill);
+    connect(pane.list, &ChoiceList::LinesWanted, this, pane.fill);
+    pane.filter->installEventFilter(this);
+}
+
+bool ListArea::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut && isVisible()) {
+        // A box whose window is left for another one is not left itself.
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        for (const Pane& pane : m_panes)
+            if (watched == pane.filter && reason != Qt::ActiveWindowFocusReason &&
+                reason != Qt::PopupFocusReason)
+                pane.fill();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ListArea::ShowKeys(std::vector<KeyLine> keys) {
+    m_keys = std::move(keys);
+    ui->lstAllIDs->ShowLines(TextsOf(m_keys));
+}
+
+void ListArea::ShowDoors(std::vector<SubjectLine> doors) {
+    m_doors = std::move(doors);
+    ui->lstActiveDoors->ShowLines(TextsOf(m_doors));
+}
+
+void ListArea::ShowUsers(std::vector<SubjectLine> users) {
+    m_users = std::move(users);
+    ui->lstKeyUsers->ShowLines(TextsOf(m_users));
+}
+
+void ListArea::ClearKey() {
+    ShowDoors({});
+    ShowUsers({});
+}
+
+void ListArea::FocusNext() {
+    const Pane* next = m_panes.data();
+    for (const Pane& pane : m_panes)
+        if (pane.filter->hasFocus() && &pane != &m_panes.back())
+            next = &pane + 1;
+    next->filter->setFocus(Qt::ShortcutFocusReason);
+    next->filter->selectAll();
+}
+
+} // namespace quorrel
