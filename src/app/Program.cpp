@@ -1,11 +1,14 @@
 #include "app/Program.h"
 
 #include "access/frmCompanyInfo.h"
+#include "access/frmDepartments.h"
+#include "access/frmEditHardware.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
 #include "access/frmPermissions.h"
-#include "holders/frmKeyUsers.h"
 #include "doors/frmDoors.h"
+#include "holders/frmDBLostKeys.h"
+#include "holders/frmKeyUsers.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -233,6 +236,32 @@ void Program::ShowKeyUsers(const QString& number) {
     if (!number.isEmpty())
         users->ShowHolder(number);
     users->show();
+}
+
+void Program::ShowDepartments() {
+    auto* departments = Load(new frmDepartments(m_session));
+    connect(departments, &frmDepartments::Closed, this, &Program::ShowMain);
+    departments->show();
+}
+
+void Program::ShowEditHardware() {
+    auto* hardware = Load(new frmEditHardware(m_session));
+    connect(hardware, &frmEditHardware::Closed, this, &Program::ShowMain);
+    hardware->show();
+}
+
+void Program::ShowLostKeys() {
+    ShowLog(KeyLog::Lost);
+}
+
+void Program::ShowReturnedKeys() {
+    ShowLog(KeyLog::Returned);
+}
+
+void Program::ShowLog(KeyLog log) {
+    auto* form = Load(new frmDBLostKeys(m_session, log));
+    connect(form, &frmDBLostKeys::Closed, this, &Program::ShowMain);
+    form->show();
 }
 
 void Program::ShowPermissions() {

@@ -22,5 +22,9 @@ inline constexpr int kNetwork = 80;
 inline constexpr int kDoorAssignment = 150;
 inline constexpr int kCompany = 570;
 inline constexpr int kPermissions = 580;
+inline constexpr int kDepartments = 590;
+inline constexpr int kHardware = 595;
+inline constexpr int kLostKeys = 600;
+inline constexpr int kReturnedKeys = 605;
 
 } // namespace quorrel::help
