@@ -1,16 +1,16 @@
 #include "holders/KeyHolders.h"
 
+#include "access/Departments.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DoorTables.h"
+#include "store/SystemTables.h"
 
 #include <algorithm>
 
 namespace quorrel {
 
 namespace {
-
-constexpr int kDepartmentWidth = 34;
 
 /// What the list shows of a holder.
 struct ListedHolder {
@@ -139,13 +139,9 @@ HolderDeleted DeleteHolder(Session& session, const QString& line) {
     return HolderDeleted::Deleted;
 }
 
-QStringList ListDepartments(Session& session) {
-    QStringList names;
-    Recordset<DepartmentRow>(session.Keys(), OfSystem(session)).Walk([&](const DepartmentRow& row) {
-        if (!row.Department.isEmpty() && row.Department[0] != u' ')
-            names.append(row.Department);
-        return true;
-    });
+QStringList ListHolderDepartments(Session& session) {
+    QStringList names = ListDepartments(session);
+    names.removeIf([](const QString& name) { return name.startsWith(u' '); });
     return names;
 }
 

@@ -40,7 +40,7 @@ enum class HolderDeleted { Deleted, HasKeys, NotFound };
 /// Deletes the holder whose line by user ID is this one.
 HolderDeleted DeleteHolder(Session& session, const QString& line);
 
-/// The departments of the open system, those that are empty or begin with a blank left out.
-QStringList ListDepartments(Session& session);
+/// The departments of the open system, those that begin with a blank left out.
+QStringList ListHolderDepartments(Session& session);
 
 } // namespace quorrel

@@ -14,8 +14,6 @@ namespace quorrel {
 
 namespace {
 
-constexpr int kDepartmentWidth = 34;
-
 /// Fills a list anew; the line that was selected stays so where it is still there.
 void Refill(TextList& list, const QStringList& lines) {
     const QString selected = list.CurrentText();
@@ -153,7 +151,7 @@ void frmKeyUsers::LoadKeyHolders() {
 void frmKeyUsers::LoadDepartments() {
     const QString text = ui->cmbDepartment->currentText();
     ui->cmbDepartment->clear();
-    ui->cmbDepartment->addItems(ListDepartments(m_session));
+    ui->cmbDepartment->addItems(ListHolderDepartments(m_session));
     ui->cmbDepartment->setCurrentText(text);
 }
 

@@ -64,7 +64,7 @@ TEST_F(KeyHolders, TeachDepartmentsUntilAKnownOneIsMet) {
     EXPECT_EQ(Departments(), 0) << "one character is no department of the system";
     Save("2", "A", "B", "Stores");
     Save("2", "A", "B", "Changed");
-    EXPECT_EQ(ListDepartments(session), QStringList{"STORES"});
+    EXPECT_EQ(ListHolderDepartments(session), QStringList{"STORES"});
     Save("3", "A", "B", "stores west");
     EXPECT_EQ(Departments(), 1) << "a known one begins it";
     Save("4", "A", "B", "Office");
