@@ -30,6 +30,9 @@ void WalkPinning(Tour& tour);
 /// The lists beside the page, of the keys that were named on it, and the menus.
 void WalkLists(Tour& tour);
 
+/// The doors of the first key system and the keys that open them.
+void WalkDoors(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 

@@ -240,7 +240,8 @@ void Walker::CheckContains(const QString& control, const QString& part) const {
 
 void Walker::CheckFocus(const QString& control) const {
     const QWidget* focus = Window().focusWidget();
-    Check(focus == &Typable(Find(control)),
+    QWidget& wanted = Find(control);
+    Check(focus == &wanted || focus == &Typable(wanted),
           QStringLiteral("The focus is on %1, not on %2")
               .arg(focus ? focus->objectName() : QStringLiteral("nothing"), control));
 }

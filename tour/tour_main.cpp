@@ -102,6 +102,7 @@ void Walk(const Options& options) {
     WalkPinning(tour);
     WalkLists(tour);
     WalkHolders(tour);
+    WalkDoors(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkCore(tour);

@@ -6,6 +6,7 @@
 #include "ui_frmDoors.h"
 #include "widgets/HelpContexts.h"
 
+#include <QLineEdit>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -181,6 +182,7 @@ void frmDoors::ShowRecord() {
     ui->txtDoorID->setText(Str(door->DoorID).trimmed());
     ui->txtKeyedTo->setText(door->CutsLabel);
     ui->cmbHardware->setEditText(door->Text1);
+    ui->cmbHardware->lineEdit()->setCursorPosition(0);
     ui->txtHardwareSpecs->setPlainText(door->Text2);
     ui->ckKeyed->setChecked(door->Sing2 == 1);
     ui->ckKeyed->setText(KeyedCaption(door->Long1));

@@ -2,6 +2,7 @@
 
 #include "widgets/LineDelegate.h"
 
+#include <QLineEdit>
 #include <QListView>
 #include <QSignalBlocker>
 #include <QWheelEvent>
@@ -12,6 +13,8 @@ TextCombo::TextCombo(QWidget* parent) : QComboBox(parent) {
     setEditable(true);
     setCompleter(nullptr);
     setInsertPolicy(NoInsert);
+    // Leaving the box with a known text in it is no choice of that text.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     // Else every text would be measured.
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);

@@ -6,7 +6,8 @@
 namespace quorrel {
 
 /// A box to type in, with a list of known texts that stays quick with tens of thousands of them.
-/// What is typed is never completed or added to the list.
+/// What is typed is never completed or added to the list, and `activated` tells of choices from the
+/// list alone.
 class TextCombo : public QComboBox {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #include "doors/frmDoors.h"
 #include "platform/Text.h"
 #include "support/FormDriver.h"
+#include "widgets/ChoiceList.h"
 #include "widgets/TextCombo.h"
 #include "widgets/TextList.h"
 
@@ -99,6 +100,20 @@ TEST_F(FrmDoors, KeepsARecordAndBringsItUpAgainWhileItsLabelIsTyped) {
     EXPECT_EQ(site.Doors()[1].DoorDescription, "Boiler room");
     EXPECT_EQ(site.Doors()[1].Long1, 0);
     EXPECT_EQ(Box("ckKeyed")->text(), "Keyed");
+}
+
+TEST_F(FrmDoors, OnlyAChoiceFromTheListBringsUpTheSameDoorAgain) {
+    site.Save("A1", "old");
+    Open();
+    form->AskFor("A1");
+    Type(form, "txtDoorDescription", "new");
+    auto* label = Find<TextCombo>(form, "cmbDoorLabel");
+    label->setFocus();
+    QTest::keyClick(label, Qt::Key_Tab);
+    EXPECT_EQ(Area("txtDoorDescription"), "new");
+    label->showPopup();
+    QTest::keyClick(label->view(), Qt::Key_Return);
+    EXPECT_EQ(Area("txtDoorDescription"), "old");
 }
 
 TEST_F(FrmDoors, DeletesADoorAfterAQuestion) {
@@ -314,6 +329,33 @@ TEST_F(FrmDoors, TheTabKeyGoesRoundInReadingOrder) {
                                             "cmbHardware", "txtHardwareSpecs"}));
     EXPECT_TRUE(round.contains("lstKeyedDoors"));
     EXPECT_EQ(round.last(), "cmdHelp");
+}
+
+TEST(FrmDoorsInProgram, LeadsFromTheMainFormAndBack) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    Type(main, "txtKeyID", "north");
+    Choose(main, "mnuAssignDoors");
+    EXPECT_FALSE(main->isVisible());
+    QWidget* doors = run.Form("frmDoors");
+    Type(doors, "cmbDoorLabel", "East gate");
+    Click(doors, "cmdSave");
+    for (const char* list : {"lstKeyIDs", "lstAllDoors"})
+        Find<TextList>(doors, list)->SetCurrentRow(0);
+    EXPECT_EQ(Find<TextList>(doors, "lstKeyIDs")->CurrentText().left(5), "NORTH")
+        << "the typed Key ID was stored before";
+    Click(doors, "cmdAssignTo");
+    Click(doors, "cmdDone");
+    EXPECT_FALSE(run.IsLoaded("frmDoors"));
+    ASSERT_EQ(run.Form("frmMain"), main);
+    Click(main, "cmdListDoors");
+    auto* list = Find<ChoiceList>(main, "lstActiveDoors");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(list->model()->index(0, 0)).center());
+    doors = run.Form("frmDoors");
+    EXPECT_EQ(Find<TextCombo>(doors, "cmbDoorLabel")->currentText(), "East gate");
+    EXPECT_EQ(Find<QLineEdit>(doors, "txtKeyedTo")->text(), Padded("NORTH", 12));
+    EXPECT_FALSE(main->isVisible());
 }
 
 } // namespace
