@@ -37,7 +37,7 @@ void IssueAndAssign(Walker& walker) {
     walker.Type(QStringLiteral("txtLastUnitID"), QStringLiteral("12"));
     walker.Click(QStringLiteral("cmdIssueKey"));
     walker.CheckText(QStringLiteral("lblLastUnit"), QStringLiteral("Last Issued 12"));
-    for (const char* unit : {"1", "2", "10"}) {
+    for (const char* unit : {"3", "4", "10"}) {
         walker.ClickLine(QStringLiteral("lstUnitID"), QLatin1String(unit));
         walker.Click(QStringLiteral("cmdAssign"));
     }
@@ -47,7 +47,7 @@ void IssueAndAssign(Walker& walker) {
 }
 
 void TakeBack(Walker& walker) {
-    walker.ClickLine(QStringLiteral("lstKeyUsers"), QStringLiteral("2 - "));
+    walker.ClickLine(QStringLiteral("lstKeyUsers"), QStringLiteral("4 - "));
     walker.ExpectInput(QStringLiteral("left the school"), QStringLiteral("holders-note"));
     walker.Click(QStringLiteral("cmdRemove"));
     walker.ClickLine(QStringLiteral("lstKeyUsers"), QStringLiteral("10 - "));

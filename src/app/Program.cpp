@@ -49,8 +49,12 @@ Program::Program(Session& session)
 }
 
 Program::~Program() {
-    for (const auto& form : m_forms)
+    for (const auto& form : m_forms) {
+        // What hiding makes a form do, it does while it is still whole.
+        if (form)
+            form->hide();
         delete form.data();
+    }
 }
 
 /// Takes a new form into care and gives it what every form needs.
