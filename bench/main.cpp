@@ -41,6 +41,7 @@ int RunAll(std::vector<char*> arguments) {
     AddPage(comparisons);
     AddLists(comparisons);
     AddDoors(comparisons);
+    AddHolders(comparisons);
     AddStart(comparisons);
     Scoreboard scoreboard;
     benchmark::RunSpecifiedBenchmarks(&scoreboard);

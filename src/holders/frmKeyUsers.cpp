@@ -311,6 +311,8 @@ void frmKeyUsers::LoadUnitHolders() {
 void frmKeyUsers::ShowUnits() {
     LoadUnitList();
     LoadUnitHolders();
+    if (ui->lstUserList->isVisible())
+        LoadUserKeys();
 }
 
 /// Brings up the key of a unit in the holder's hands.
@@ -374,8 +376,7 @@ void frmKeyUsers::Assign() {
     }
     const UnitDone done = AssignUnit(m_session, KeyInHand(), unit, PersonOnScreen());
     Tell(done, unit);
-    LoadUnitHolders();
-    LoadUnitList();
+    ShowUnits();
 }
 
 void frmKeyUsers::TakeBack(bool lost) {
