@@ -42,6 +42,9 @@ void WalkAside(Tour& tour);
 /// A third key system, of interchangeable cores, and a pinning chart of it.
 void WalkCore(Tour& tour);
 
+/// Holders, and units in their hands.
+void WalkHolders(Tour& tour);
+
 /// The list of key systems and the way out.
 void WalkListAndExit(Tour& tour);
 

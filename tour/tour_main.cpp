@@ -101,6 +101,7 @@ void Walk(const Options& options) {
     WalkPages(tour);
     WalkPinning(tour);
     WalkLists(tour);
+    WalkHolders(tour);
     WalkDoors(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);

@@ -130,7 +130,7 @@ CREATE TABLE "ReturnKey" (
     "Report" TEXT,
     "SystemNumber" INTEGER NOT NULL
 );
-CREATE INDEX "ReturnKeyBySystem" ON "ReturnKey" ("SystemNumber", "KeyID");
+CREATE INDEX "ReturnKeyBySystem" ON "ReturnKey" ("SystemNumber");
 
 CREATE TABLE "LostKeys" (
     "RowKey" INTEGER PRIMARY KEY,
@@ -145,7 +145,7 @@ CREATE TABLE "LostKeys" (
     "Report" TEXT,
     "SystemNumber" INTEGER NOT NULL
 );
-CREATE INDEX "LostKeysBySystem" ON "LostKeys" ("SystemNumber", "KeyID");
+CREATE INDEX "LostKeysBySystem" ON "LostKeys" ("SystemNumber");
 
 CREATE TABLE "CrossKeyed" (
     "RowKey" INTEGER PRIMARY KEY,

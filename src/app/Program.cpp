@@ -1,10 +1,14 @@
 #include "app/Program.h"
 
 #include "access/frmCompanyInfo.h"
+#include "access/frmDepartments.h"
+#include "access/frmEditHardware.h"
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
 #include "access/frmPermissions.h"
 #include "doors/frmDoors.h"
+#include "holders/frmDBLostKeys.h"
+#include "holders/frmKeyUsers.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -36,6 +40,7 @@ Program::Program(Session& session)
           {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
           {QStringLiteral("frmDoors"), [this](auto& label) { ShowDoors(label); }},
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
+          {QStringLiteral("frmKeyUsers"), [this](auto& number) { ShowKeyUsers(number); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
           {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
           {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
@@ -223,6 +228,40 @@ void Program::ShowNetwork() {
             End();
     });
     m_network->show();
+}
+
+void Program::ShowKeyUsers(const QString& number) {
+    auto* users = Load(new frmKeyUsers(m_session));
+    connect(users, &frmKeyUsers::Closed, this, &Program::ShowMain);
+    if (!number.isEmpty())
+        users->ShowHolder(number);
+    users->show();
+}
+
+void Program::ShowDepartments() {
+    auto* departments = Load(new frmDepartments(m_session));
+    connect(departments, &frmDepartments::Closed, this, &Program::ShowMain);
+    departments->show();
+}
+
+void Program::ShowEditHardware() {
+    auto* hardware = Load(new frmEditHardware(m_session));
+    connect(hardware, &frmEditHardware::Closed, this, &Program::ShowMain);
+    hardware->show();
+}
+
+void Program::ShowLostKeys() {
+    ShowLog(KeyLog::Lost);
+}
+
+void Program::ShowReturnedKeys() {
+    ShowLog(KeyLog::Returned);
+}
+
+void Program::ShowLog(KeyLog log) {
+    auto* form = Load(new frmDBLostKeys(m_session, log));
+    connect(form, &frmDBLostKeys::Closed, this, &Program::ShowMain);
+    form->show();
 }
 
 void Program::ShowPermissions() {

@@ -19,6 +19,7 @@ class HelpWindow;
 class frmLogoff;
 class frmMain;
 class frmNetwork;
+enum class KeyLog;
 struct PinningRequest;
 
 /// The flow of the program: the only place that knows all forms. Forms ask for one another by
@@ -63,6 +64,12 @@ private:
     void ShowPinSizes(const QString& brand);
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
+    void ShowKeyUsers(const QString& number = {});
+    void ShowDepartments();
+    void ShowEditHardware();
+    void ShowLostKeys();
+    void ShowReturnedKeys();
+    void ShowLog(KeyLog log);
     void ShowPermissions();
     void ShowDrive();
     /// Shows the doors, with the door of a label if one is given.

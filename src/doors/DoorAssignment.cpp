@@ -3,6 +3,7 @@
 #include "doors/DoorLists.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/SystemTables.h"
 
 namespace quorrel {
 
@@ -37,10 +38,9 @@ Query OfSystem(const Session& session) {
 /// The stored Key ID of the key that a line stands for; empty when it tells none.
 QString FindKeyID(Session& session, const QString& keyLine) {
     QString found;
-    Recordset<KeyName>(session.Keys(), OfSystem(session)
-                                           .WhereNot("Label", QString(19, u' '))
-                                           .OrderBy("PageNumber")
-                                           .OrderBy("Position"))
+    Recordset<KeyName>(
+        session.Keys(),
+        OfSystem(session).WhereNot("Label", kUnnamed).OrderBy("PageNumber").OrderBy("Position"))
         .Walk([&](const KeyName& key) {
             qsizetype first = 0;
             while (first < key.Label.size() && key.Label[first] == u' ')

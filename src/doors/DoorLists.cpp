@@ -3,6 +3,7 @@
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DoorTables.h"
+#include "store/SystemTables.h"
 
 #include <QSet>
 
@@ -11,9 +12,6 @@
 namespace quorrel {
 
 namespace {
-
-/// The `Label` of a key without a Key ID.
-const QString kUnnamed(19, u' ');
 
 /// What the lists tell of a door.
 struct ListedDoor {

@@ -3,6 +3,7 @@
 #include "engine/PageGeometry.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/DayNumber.h"
 #include "store/SystemTables.h"
 
 #include <algorithm>
@@ -45,10 +46,6 @@ RowKey FindDoorInHand(Session& session, const QString& label) {
             return found == 0;
         });
     return found;
-}
-
-int DayNumber(const QDate& date) {
-    return date.year() * 10000 + date.month() * 100 + date.day();
 }
 
 void TakeText(Session& session, const DoorText& text, DoorsRow& door) {
@@ -147,9 +144,7 @@ QString KeyedCaption(int day) {
     const QString caption = QStringLiteral("Keyed");
     if (day == 0)
         return caption;
-    const QString digits = Str(day);
-    return caption + QStringLiteral(" - ") + Mid(digits, 6, 2) + u'/' + Right(digits, 2) + u'/' +
-           Mid(digits, 2, 4);
+    return caption + QStringLiteral(" - ") + DayText(day);
 }
 
 bool SystemIsIC(Session& session) {

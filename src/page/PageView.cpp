@@ -1,10 +1,10 @@
 #include "page/PageView.h"
 
+#include "access/Departments.h"
 #include "engine/CellStates.h"
 #include "engine/SystemDefinition.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
-#include "store/DoorTables.h"
 #include "store/Scramble.h"
 
 namespace quorrel {
@@ -161,14 +161,7 @@ void PageView::LoadPageView() {
 }
 
 QStringList PageView::ListDepartments() const {
-    QStringList names;
-    Recordset<DepartmentRow>(m_session.Keys(), OfSystem(m_session.ActiveSystemNumber))
-        .Walk([&](const DepartmentRow& row) {
-            if (!IsNoValue(row.Department))
-                names.append(row.Department);
-            return true;
-        });
-    return names;
+    return quorrel::ListDepartments(m_session);
 }
 
 } // namespace quorrel

@@ -427,6 +427,7 @@ void frmMain::ShowSpecialCuts() {
 void frmMain::Activated() {
     const BusyPointer busy;
     m_record.Forget();
+    m_page.LoadPageView(); // Other windows and workstations may have changed its records.
     m_cellIconSize = 0;
     LoadLogo();
     ui->lblSysid->setText(QString::number(m_session.ActiveSystemNumber));

@@ -1,5 +1,7 @@
 #include "platform/Query.h"
 
+#include <utility>
+
 namespace quorrel {
 
 std::string Query::Quoted(const std::string& name) {
@@ -20,13 +22,29 @@ Query& Query::Test(const char* column, const char* comparison, Value value) {
     return *this;
 }
 
-Query& Query::WhereAny(const char* column, const QStringList& values) {
+template <class List>
+Query& Query::TestAny(const char* column, const List& values) {
     m_where += m_where.empty() ? " WHERE " : " AND ";
     m_where += Quoted(column) + " IN (";
-    for (qsizetype i = 0; i < values.size(); ++i)
-        m_where += (i > 0 ? ", " : "") + Bind(values[i]);
+    bool first = true;
+    for (const auto& value : values)
+        m_where += (std::exchange(first, false) ? "" : ", ") + Bind(value);
     m_where += ")";
     return *this;
+}
+
+Query& Query::WhereEmpty(const char* column) {
+    m_where += (m_where.empty() ? " WHERE (" : " AND (") + Quoted(column) + " = '' OR " +
+               Quoted(column) + " IS NULL)";
+    return *this;
+}
+
+Query& Query::WhereAny(const char* column, const QStringList& values) {
+    return TestAny(column, values);
+}
+
+Query& Query::WhereKeys(const std::vector<RowKey>& keys) {
+    return TestAny("RowKey", keys);
 }
 
 Query& Query::WhereTrimmed(const char* column, const QString& text) {

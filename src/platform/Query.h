@@ -20,7 +20,10 @@ public:
     Query& WhereNot(const char* column, const QString& value) {
         return Test(column, " <> ", value);
     }
+    /// Rows whose text is empty or was never given.
+    Query& WhereEmpty(const char* column);
     Query& WhereAny(const char* column, const QStringList& values);
+    Query& WhereKeys(const std::vector<RowKey>& keys);
     /// Rows whose text is this one, but for blanks on its right. An index on the column serves.
     Query& WhereTrimmed(const char* column, const QString& text);
     /// Rows whose text begins with this one, capitals told from small letters. An index on the
@@ -39,6 +42,8 @@ public:
 
 private:
     Query& Test(const char* column, const char* comparison, Value value);
+    template <class List>
+    Query& TestAny(const char* column, const List& values);
     std::string Bind(Value value);
 
     std::string m_where;

@@ -58,6 +58,28 @@ public:
         return Aggregate("MAX(" + Query::Quoted(column) + ")");
     }
 
+    /// The different texts of a column, in no order.
+    QStringList Distinct(const char* column) const {
+        QString text;
+        Cursor cursor(m_database,
+                      "SELECT DISTINCT " + Query::Quoted(column) + " FROM " +
+                          Query::Quoted(Row::kTable) + m_query.Selection(),
+                      m_query.Values(), {FieldRef(&text)});
+        QStringList texts;
+        while (cursor.Next())
+            texts.append(text);
+        return texts;
+    }
+
+    /// Writes a column of every row that the query selects.
+    void SetAll(const char* column, const QString& text) const {
+        std::vector<Value> values = {text};
+        values.insert(values.end(), m_query.Values().begin(), m_query.Values().end());
+        m_database.Execute("UPDATE " + Query::Quoted(Row::kTable) + " SET " +
+                               Query::Quoted(column) + " = :text" + m_query.Selection(),
+                           values);
+    }
+
     /// Adds a row and gives it its key.
     static void Add(Database& database, Row& row) {
         Statement(database, InsertText(), FieldsOf(row)).Execute();

@@ -77,6 +77,7 @@ struct Session {
     QString MapDoorKeyID;
 
     // Doors and holders.
+    bool FindOpensKey = false;    ///< the holders' form comes up for a key that was searched
     double HighDoorNumber = 0;    ///< highest running number of a door that was met
     bool DepartmentFound = false; ///< a department typed for a new holder was known already
 

@@ -13,6 +13,7 @@ inline constexpr int kCreateSystem = 30;
 inline constexpr int kPinSizes = 35;
 inline constexpr int kPinningChart = 36;
 inline constexpr int kLogoff = 12;
+inline constexpr int kKeyUsers = 50;
 inline constexpr int kDoors = 40;
 inline constexpr int kMainPage = 60;
 inline constexpr int kExit = 65;
@@ -21,5 +22,9 @@ inline constexpr int kNetwork = 80;
 inline constexpr int kDoorAssignment = 150;
 inline constexpr int kCompany = 570;
 inline constexpr int kPermissions = 580;
+inline constexpr int kDepartments = 590;
+inline constexpr int kHardware = 595;
+inline constexpr int kLostKeys = 600;
+inline constexpr int kReturnedKeys = 605;
 
 } // namespace quorrel::help

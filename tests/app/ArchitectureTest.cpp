@@ -18,9 +18,10 @@ struct Rule {
 const QString kLanguage = "<[a-z_]+>";
 /// Qt without a window: the headers of its Core module that are of use here.
 const QString kCore =
-    kLanguage + "|<Q(String|StringList|DateTime|Date|Time|RandomGenerator|Dir|File|FileInfo|Locale|"
-                "RegularExpression|Process|Settings|StandardPaths|RectF|SizeF|PointF|Set|Hash|Map|"
-                "List|Char|ByteArray|Thread|TextStream|TemporaryFile|Url|Collator)>";
+    kLanguage +
+    "|<Q(String|StringList|DateTime|Date|Time|RandomGenerator|Dir|File|FileInfo|Locale|"
+    "RegularExpression|Process|Settings|StandardPaths|RectF|SizeF|PointF|Set|Hash|Map|"
+    "List|Char|AbstractTableModel|ByteArray|Thread|TextStream|TemporaryFile|Url|Collator)>";
 
 const Rule kRules[] = {
     {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},

@@ -1,0 +1,106 @@
+#include "access/frmDepartments.h"
+
+#include "access/Departments.h"
+#include "platform/Text.h"
+#include "store/SystemTables.h"
+#include "ui_frmDepartments.h"
+#include "widgets/HelpContexts.h"
+
+#include <algorithm>
+
+namespace quorrel {
+
+frmDepartments::frmDepartments(Session& session)
+    : Form(session), ui(std::make_unique<Ui::frmDepartments>()) {
+    ui->setupUi(this);
+    PlaceOnScreen(*this, 0.25);
+    OfferHelp(help::kDepartments, ui->cmdHelp);
+    ui->txtRename->setMaxLength(kDepartmentWidth);
+    On(ui->lstDepartment->selectionModel(), &QItemSelectionModel::currentChanged,
+       [this] { ApplySelection(); });
+    On(ui->lstDepartment, &TextList::DoubleClicked, [this] { BeginRenaming(); });
+    On(ui->cmdRename, &QPushButton::clicked, [this] { BeginRenaming(); });
+    On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
+    On(ui->cmdDelete, &QPushButton::clicked, [this] { Delete(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    Guarded([this] { LoadDepartmentList(-1); });
+}
+
+frmDepartments::~frmDepartments() = default;
+
+/// Reads the list and makes a line of it the current one.
+void frmDepartments::LoadDepartmentList(int row) {
+    ui->lstDepartment->SetLines(ListDepartments(m_session));
+    ui->lstDepartment->SetCurrentRow(std::min(row, ui->lstDepartment->Count() - 1));
+    ApplySelection();
+}
+
+void frmDepartments::ApplySelection() {
+    const bool selected = ui->lstDepartment->CurrentRow() >= 0;
+    ui->cmdRename->setEnabled(selected);
+    ui->cmdDelete->setEnabled(selected && !m_renaming);
+}
+
+void frmDepartments::ShowRenaming(bool renaming) {
+    m_renaming = renaming;
+    ui->lstDepartment->setEnabled(!renaming);
+    ui->txtRename->setEnabled(renaming);
+    ui->cmdRename->setVisible(!renaming);
+    ui->cmdSave->setVisible(renaming);
+    (renaming ? ui->cmdSave : ui->cmdRename)->setDefault(true);
+    ApplySelection();
+    if (renaming) {
+        ui->txtRename->setFocus();
+        ui->txtRename->selectAll();
+    } else {
+        ui->txtRename->clear();
+        ui->lstDepartment->setFocus();
+    }
+}
+
+void frmDepartments::BeginRenaming() {
+    const QString name = ui->lstDepartment->CurrentText();
+    if (!m_session.SessionPermissions.AlterKeyInformation || name.isEmpty())
+        return;
+    ui->txtRename->setText(name.toUpper());
+    ShowRenaming(true);
+}
+
+void frmDepartments::Save() {
+    if (!m_session.SessionPermissions.AlterKeyInformation || !m_renaming)
+        return;
+    const BusyPointer busy;
+    const QString name = ui->txtRename->text().toUpper();
+    RenameDepartment(m_session, ui->lstDepartment->CurrentText(), name);
+    ShowRenaming(false);
+    LoadDepartmentList(-1);
+    const auto renamed = ui->lstDepartment->Lines().indexOf(RightTrimmed(name));
+    ui->lstDepartment->SetCurrentRow(static_cast<int>(renamed));
+}
+
+void frmDepartments::Delete() {
+    const QString name = ui->lstDepartment->CurrentText();
+    if (!m_session.SessionPermissions.AlterKeyInformation || name.isEmpty())
+        return;
+    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(name),
+                                  m_session.ProgramTitle))
+        return;
+    const BusyPointer busy;
+    const int row = ui->lstDepartment->CurrentRow();
+    DeleteDepartment(m_session, name);
+    LoadDepartmentList(row);
+}
+
+void frmDepartments::reject() {
+    if (m_renaming)
+        ShowRenaming(false);
+    else
+        Form::reject();
+}
+
+bool frmDepartments::Unloading() {
+    emit Closed();
+    return true;
+}
+
+} // namespace quorrel

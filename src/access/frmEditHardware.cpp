@@ -1,0 +1,60 @@
+#include "access/frmEditHardware.h"
+
+#include "access/HardwareDescriptions.h"
+#include "doors/DoorLists.h"
+#include "ui_frmEditHardware.h"
+#include "widgets/HelpContexts.h"
+
+namespace quorrel {
+
+frmEditHardware::frmEditHardware(Session& session)
+    : Form(session), ui(std::make_unique<Ui::frmEditHardware>()) {
+    ui->setupUi(this);
+    PlaceOnScreen(*this);
+    OfferHelp(help::kHardware);
+    QFont bold = font();
+    bold.setBold(true);
+    ui->lblHardware->setFont(bold);
+    On(ui->cmbHardware, &QComboBox::currentTextChanged,
+       [this](const QString& text) { ShowDescription(text); });
+    On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    Guarded([this] { LoadHardwareList({}); });
+}
+
+frmEditHardware::~frmEditHardware() = default;
+
+/// Reads the list and selects a description of it; none when it is not there.
+void frmEditHardware::LoadHardwareList(const QString& shown) {
+    const QStringList descriptions = ListHardwareTypes(m_session);
+    {
+        // Whatever stands in the list in between was not chosen.
+        const QSignalBlocker blocker(ui->cmbHardware);
+        ui->cmbHardware->clear();
+        ui->cmbHardware->addItems(descriptions);
+        ui->cmbHardware->setCurrentIndex(static_cast<int>(descriptions.indexOf(shown)));
+    }
+    ShowDescription(ui->cmbHardware->currentText());
+}
+
+void frmEditHardware::ShowDescription(const QString& description) {
+    ui->lblHardware->setText(description);
+    ui->lblHardware->setToolTip(description.toHtmlEscaped());
+    ui->txtChangeTo->setText(description);
+    // Doors without hardware have no description to replace.
+    ui->cmdSave->setEnabled(!description.isEmpty());
+}
+
+void frmEditHardware::Save() {
+    const BusyPointer busy;
+    const QString to = ui->txtChangeTo->text();
+    ReplaceHardware(m_session, ui->lblHardware->text(), to, ui->opAll->isChecked());
+    LoadHardwareList(to);
+}
+
+bool frmEditHardware::Unloading() {
+    emit Closed();
+    return true;
+}
+
+} // namespace quorrel
