@@ -62,6 +62,7 @@ CREATE TABLE "Doors" (
     "CoordY" REAL,
     "LinkMapID" INTEGER
 );
+CREATE INDEX "DoorsBySystem" ON "Doors" ("SystemNumber");
 CREATE INDEX "DoorsByLabel" ON "Doors" ("SystemNumber", "DoorLabel");
 CREATE INDEX "DoorsByCutsLabel" ON "Doors" ("SystemNumber", "CutsLabel");
 CREATE INDEX "DoorsByHardware" ON "Doors" ("SystemNumber", "Text1");
