@@ -36,6 +36,10 @@ Program::Program(Session& session)
           {QStringLiteral("frmAbout"), [this](auto&) { ShowAbout(); }},
           {QStringLiteral("frmCompanyInfo"), [this](auto&) { ShowCompany(true); }},
           {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
+          {QStringLiteral("frmDBLostKeys"), [this](auto&) { ShowLog(KeyLog::Lost); }},
+          {QStringLiteral("frmDBReturnKey"), [this](auto&) { ShowLog(KeyLog::Returned); }},
+          {QStringLiteral("frmDepartments"), [this](auto&) { ShowDepartments(); }},
+          {QStringLiteral("frmEditHardware"), [this](auto&) { ShowEditHardware(); }},
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
           {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
@@ -236,14 +240,6 @@ void Program::ShowEditHardware() {
     auto* hardware = Load(new frmEditHardware(m_session));
     connect(hardware, &frmEditHardware::Closed, this, &Program::ShowMain);
     hardware->show();
-}
-
-void Program::ShowLostKeys() {
-    ShowLog(KeyLog::Lost);
-}
-
-void Program::ShowReturnedKeys() {
-    ShowLog(KeyLog::Returned);
 }
 
 void Program::ShowLog(KeyLog log) {

@@ -66,8 +66,6 @@ private:
     void ShowNetwork();
     void ShowDepartments();
     void ShowEditHardware();
-    void ShowLostKeys();
-    void ShowReturnedKeys();
     void ShowLog(KeyLog log);
     void ShowPermissions();
     void ShowDrive();
