@@ -12,6 +12,7 @@ void AddPreview(std::vector<Comparison>& comparisons);
 void AddCreate(std::vector<Comparison>& comparisons);
 void AddPage(std::vector<Comparison>& comparisons);
 void AddLists(std::vector<Comparison>& comparisons);
+void AddLogs(std::vector<Comparison>& comparisons);
 void AddStart(std::vector<Comparison>& comparisons);
 
 /// Measures what the program holds in memory with the largest system open, where the platform

@@ -40,6 +40,7 @@ int RunAll(std::vector<char*> arguments) {
     AddCreate(comparisons);
     AddPage(comparisons);
     AddLists(comparisons);
+    AddLogs(comparisons);
     AddStart(comparisons);
     Scoreboard scoreboard;
     benchmark::RunSpecifiedBenchmarks(&scoreboard);
