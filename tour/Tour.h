@@ -30,6 +30,9 @@ void WalkPinning(Tour& tour);
 /// The lists beside the page, of the keys that were named on it, and the menus.
 void WalkLists(Tour& tour);
 
+/// The logs of key units, and the tidying of departments and hardware.
+void WalkBooks(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 

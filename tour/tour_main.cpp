@@ -101,6 +101,7 @@ void Walk(const Options& options) {
     WalkPages(tour);
     WalkPinning(tour);
     WalkLists(tour);
+    WalkBooks(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkCore(tour);
