@@ -14,6 +14,7 @@ void AddPage(std::vector<Comparison>& comparisons);
 void AddLists(std::vector<Comparison>& comparisons);
 void AddDoors(std::vector<Comparison>& comparisons);
 void AddHolders(std::vector<Comparison>& comparisons);
+void AddLogs(std::vector<Comparison>& comparisons);
 void AddStart(std::vector<Comparison>& comparisons);
 
 /// Measures what the program holds in memory with the largest system open, where the platform

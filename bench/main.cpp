@@ -42,6 +42,7 @@ int RunAll(std::vector<char*> arguments) {
     AddLists(comparisons);
     AddDoors(comparisons);
     AddHolders(comparisons);
+    AddLogs(comparisons);
     AddStart(comparisons);
     Scoreboard scoreboard;
     benchmark::RunSpecifiedBenchmarks(&scoreboard);

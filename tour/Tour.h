@@ -33,6 +33,9 @@ void WalkLists(Tour& tour);
 /// The doors of the first key system and the keys that open them.
 void WalkDoors(Tour& tour);
 
+/// The logs of key units, and the tidying of departments and hardware.
+void WalkBooks(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 

@@ -103,6 +103,7 @@ void Walk(const Options& options) {
     WalkLists(tour);
     WalkHolders(tour);
     WalkDoors(tour);
+    WalkBooks(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkCore(tour);

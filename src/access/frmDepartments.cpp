@@ -15,6 +15,7 @@ frmDepartments::frmDepartments(Session& session)
     ui->setupUi(this);
     PlaceOnScreen(*this, 0.25);
     OfferHelp(help::kDepartments, ui->cmdHelp);
+    ui->lstDepartment->setFont(font()); // Names are in no columns.
     ui->txtRename->setMaxLength(kDepartmentWidth);
     On(ui->lstDepartment->selectionModel(), &QItemSelectionModel::currentChanged,
        [this] { ApplySelection(); });

@@ -39,6 +39,10 @@ Program::Program(Session& session)
           {QStringLiteral("frmCompanyInfo"), [this](auto&) { ShowCompany(true); }},
           {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
           {QStringLiteral("frmDoors"), [this](auto& label) { ShowDoors(label); }},
+          {QStringLiteral("frmDBLostKeys"), [this](auto&) { ShowLog(KeyLog::Lost); }},
+          {QStringLiteral("frmDBReturnKey"), [this](auto&) { ShowLog(KeyLog::Returned); }},
+          {QStringLiteral("frmDepartments"), [this](auto&) { ShowDepartments(); }},
+          {QStringLiteral("frmEditHardware"), [this](auto&) { ShowEditHardware(); }},
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
           {QStringLiteral("frmKeyUsers"), [this](auto& number) { ShowKeyUsers(number); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
@@ -252,14 +256,6 @@ void Program::ShowEditHardware() {
     auto* hardware = Load(new frmEditHardware(m_session));
     connect(hardware, &frmEditHardware::Closed, this, &Program::ShowMain);
     hardware->show();
-}
-
-void Program::ShowLostKeys() {
-    ShowLog(KeyLog::Lost);
-}
-
-void Program::ShowReturnedKeys() {
-    ShowLog(KeyLog::Returned);
 }
 
 void Program::ShowLog(KeyLog log) {

@@ -67,8 +67,6 @@ private:
     void ShowKeyUsers(const QString& number = {});
     void ShowDepartments();
     void ShowEditHardware();
-    void ShowLostKeys();
-    void ShowReturnedKeys();
     void ShowLog(KeyLog log);
     void ShowPermissions();
     void ShowDrive();

@@ -3,9 +3,8 @@
 #include "platform/Recordset.h"
 #include "store/HolderTables.h"
 
-#include <QHash>
-
 #include <algorithm>
+#include <numeric>
 
 namespace quorrel {
 
@@ -67,51 +66,15 @@ std::optional<LogEntry> FindEntry(Session& session, KeyLog log, RowKey key) {
     return rows.empty() ? std::nullopt : std::optional(rows.begin()->second);
 }
 
-/// Puts keys into the order of their values; those of one value stay as they came. Logs repeat
-/// their values - days, departments, names - so each is compared once, not once a row.
+/// A column of the open system's rows, in table order.
 template <class Value>
-class ValueOrder {
-public:
-    void Add(const Value& value, RowKey key) {
-        auto group = m_groups.constFind(value);
-        if (group == m_groups.cend()) {
-            group = m_groups.insert(value, m_values.size());
-            m_values.push_back(value);
-            m_sizes.push_back(0);
-        }
-        ++m_sizes[*group];
-        m_rows.push_back({*group, key});
-    }
-
-    std::vector<RowKey> Keys() {
-        std::vector<std::size_t> order(m_values.size());
-        for (std::size_t i = 0; i < order.size(); ++i)
-            order[i] = i;
-        std::sort(order.begin(), order.end(), [this](std::size_t left, std::size_t right) {
-            return m_values[left] < m_values[right];
-        });
-        std::vector<std::size_t> next(order.size());
-        std::size_t place = 0;
-        for (const std::size_t group : order) {
-            next[group] = place;
-            place += m_sizes[group];
-        }
-        std::vector<RowKey> keys(m_rows.size());
-        for (const auto& [group, key] : m_rows)
-            keys[next[group]++] = key;
-        return keys;
-    }
-
-private:
-    QHash<Value, std::size_t> m_groups;
-    std::vector<Value> m_values;
-    std::vector<std::size_t> m_sizes;
-    std::vector<std::pair<std::size_t, RowKey>> m_rows;
+struct ColumnOfRows {
+    std::vector<Value> values;
+    std::vector<RowKey> keys;
 };
 
-/// Reads a column and the keys of the open system's rows, in table order.
 template <class Value>
-std::vector<RowKey> SortedKeys(Session& session, const char* table, const char* column) {
+ColumnOfRows<Value> ReadColumn(Session& session, const char* table, const char* column) {
     Value value{};
     RowKey key = 0;
     const Query query = OfSystem(session);
@@ -119,10 +82,80 @@ std::vector<RowKey> SortedKeys(Session& session, const char* table, const char* 
                   "SELECT " + Query::Quoted(column) + ", " + Query::Quoted("RowKey") + " FROM " +
                       Query::Quoted(table) + query.Selection() + query.Order(),
                   query.Values(), {FieldRef(&value), FieldRef(&key)});
-    ValueOrder<Value> order;
-    while (cursor.Next())
-        order.Add(value, key);
-    return order.Keys();
+    ColumnOfRows<Value> rows;
+    while (cursor.Next()) {
+        rows.values.push_back(value);
+        rows.keys.push_back(key);
+    }
+    return rows;
+}
+
+/// How many characters all texts begin with alike.
+qsizetype CommonLength(const std::vector<QString>& texts) {
+    const QString first = texts.empty() ? QString() : texts.front();
+    qsizetype common = first.size();
+    for (const QString& text : texts) {
+        const auto end = std::min(common, text.size());
+        common = std::mismatch(first.cbegin(), first.cbegin() + end, text.cbegin()).first -
+                 first.cbegin();
+    }
+    return common;
+}
+
+constexpr qsizetype kHeadLength = 16;
+/// Some characters of a text as numbers that compare as the text does.
+using Head = std::array<quint64, 4>;
+
+Head HeadOf(const QString& text, qsizetype place) {
+    Head head{};
+    for (qsizetype i = 0; i < kHeadLength; ++i) {
+        const char16_t unit = place + i < text.size() ? text[place + i].unicode() : u'\0';
+        quint64& half = head[static_cast<std::size_t>(i / 4)];
+        half = half << 16 | unit;
+    }
+    return head;
+}
+
+/// The keys in ascending order of the texts. Half a million texts are too far apart in memory to
+/// be compared one by one: sorting goes by what follows their common beginning, and looks at a
+/// text itself only where that is the same and goes on.
+std::vector<RowKey> SortedKeys(const ColumnOfRows<QString>& rows) {
+    struct Entry {
+        Head head;
+        std::size_t row;
+    };
+    const qsizetype common = CommonLength(rows.values);
+    std::vector<Entry> entries;
+    entries.reserve(rows.values.size());
+    for (std::size_t row = 0; row < rows.values.size(); ++row)
+        entries.push_back({HeadOf(rows.values[row], common), row});
+    std::sort(entries.begin(), entries.end(), [&](const Entry& left, const Entry& right) {
+        if (left.head != right.head)
+            return left.head < right.head;
+        const QString& leftText = rows.values[left.row];
+        const QString& rightText = rows.values[right.row];
+        const bool goesOn = std::max(leftText.size(), rightText.size()) > common + kHeadLength;
+        const int order = goesOn ? leftText.compare(rightText) : 0;
+        return order != 0 ? order < 0 : left.row < right.row;
+    });
+    std::vector<RowKey> keys;
+    keys.reserve(entries.size());
+    for (const Entry& entry : entries)
+        keys.push_back(rows.keys[entry.row]);
+    return keys;
+}
+
+std::vector<RowKey> SortedKeys(const ColumnOfRows<int>& rows) {
+    std::vector<std::size_t> order(rows.keys.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        return rows.values[left] < rows.values[right];
+    });
+    std::vector<RowKey> keys;
+    keys.reserve(order.size());
+    for (const std::size_t row : order)
+        keys.push_back(rows.keys[row]);
+    return keys;
 }
 
 std::vector<RowKey> KeysInTableOrder(Session& session, const char* table) {
@@ -172,9 +205,9 @@ std::vector<RowKey> ListLog(Session& session, KeyLog log, std::optional<int> sor
     if (!sortedBy)
         return KeysInTableOrder(session, table);
     if (*sortedBy == kLogTexts)
-        return SortedKeys<int>(session, table, NumberColumn(log));
-    return SortedKeys<QString>(session, table,
-                               kTextColumns.at(static_cast<std::size_t>(*sortedBy)));
+        return SortedKeys(ReadColumn<int>(session, table, NumberColumn(log)));
+    return SortedKeys(
+        ReadColumn<QString>(session, table, kTextColumns.at(static_cast<std::size_t>(*sortedBy))));
 }
 
 std::unordered_map<RowKey, LogEntry> ReadLog(Session& session, KeyLog log,

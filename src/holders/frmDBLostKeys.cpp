@@ -10,7 +10,7 @@ namespace quorrel {
 namespace {
 
 /// Characters that the columns show at first.
-constexpr int kWidths[kLogColumns] = {11, 9, 14, 13, 22, 19, 24, 15, 10};
+constexpr int kWidths[kLogColumns] = {13, 11, 14, 13, 22, 19, 24, 15, 10};
 
 static_assert(KeyLogModel::kPendingRole == RecordGrid::kPendingRole);
 

@@ -1,7 +1,5 @@
 #include "access/Departments.h"
 #include "access/HardwareDescriptions.h"
-#include "access/frmDepartments.h"
-#include "access/frmEditHardware.h"
 #include "platform/Recordset.h"
 #include "store/DoorTables.h"
 #include "support/FormDriver.h"
@@ -10,7 +8,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -19,34 +16,40 @@ namespace {
 
 class FrmDepartments : public testing::Test {
 protected:
-    FrmDepartments() {
+    void SetUp() override {
+        main = run.OpenMain(StandardSystem("Pier", "2715"));
         for (const char* name : {"STORES", "Office", "PIER"}) {
             DepartmentRow row;
             row.Department = QLatin1String(name);
+            row.SystemNumber = session.ActiveSystemNumber;
             Recordset<DepartmentRow>::Add(session.Keys(), row);
         }
-        form = new frmDepartments(session);
-        form->show();
-        form->activateWindow();
-        QCoreApplication::processEvents();
+        Open();
+    }
+
+    void Open() {
+        Choose(main, "mnuEditDepartment");
+        form = run.Form("frmDepartments");
+        EXPECT_FALSE(main->isVisible());
         list = Find<TextList>(form, "lstDepartment");
     }
-    ~FrmDepartments() override { delete form.data(); }
 
     QPoint PlaceOf(int row) { return list->visualRect(list->model()->index(row, 0)).center(); }
     void ClickLine(int row) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(row));
     }
 
-    TestProgram program;
-    Session& session = program.session;
-    QPointer<frmDepartments> form;
+    RunningProgram run;
+    Session& session = run.session;
+    QWidget* main = nullptr;
+    QWidget* form = nullptr;
     TextList* list = nullptr;
 };
 
 TEST_F(FrmDepartments, RenamesTheSelectedOne) {
     EXPECT_FALSE(Find<QPushButton>(form, "cmdRename")->isEnabled()) << "nothing is selected";
     ClickLine(1);
+    EXPECT_EQ(TabRound(form).join(' '), "lstDepartment cmdRename cmdDelete cmdHelp cmdExit");
     Click(form, "cmdRename");
     auto* name = Find<QLineEdit>(form, "txtRename");
     EXPECT_TRUE(name->hasFocus());
@@ -72,17 +75,35 @@ TEST_F(FrmDepartments, GivesARenamingUpOnEscapeAndClosesOnTheNext) {
     EXPECT_TRUE(list->isEnabled());
     EXPECT_EQ(ListDepartments(session), (QStringList{"STORES", "Office", "PIER"}));
     QTest::keyClick(form, Qt::Key_Escape);
-    EXPECT_TRUE(!form || !form->isVisible());
+    EXPECT_FALSE(run.IsLoaded("frmDepartments"));
+    EXPECT_EQ(run.Form("frmMain"), main);
+}
+
+TEST_F(FrmDepartments, IsFollowedByTheKeyOnTheMainForm) {
+    Click(form, "cmdExit");
+    Type(main, "txtKeyID", "A1");
+    auto* department = Find<QComboBox>(main, "cmbDepartment");
+    department->setCurrentText("PIER");
+    Open(); // Leaving the main form saves the key.
+    ClickLine(2);
+    Click(form, "cmdRename");
+    Type(form, "txtRename", "quay");
+    Click(form, "cmdSave");
+    Click(form, "cmdExit");
+    EXPECT_EQ(run.Form("frmMain"), main);
+    EXPECT_EQ(department->currentText(), "QUAY");
+    EXPECT_GE(department->findText("QUAY"), 0);
+    EXPECT_EQ(department->findText("PIER"), -1);
 }
 
 TEST_F(FrmDepartments, DeletesAfterAQuestion) {
     ClickLine(2);
-    program.boxes.Expect("Are you sure you want to delete PIER?", BoxAnswer::No);
+    run.boxes.Expect("Are you sure you want to delete PIER?", BoxAnswer::No);
     Click(form, "cmdDelete");
     EXPECT_EQ(list->Count(), 3);
-    program.boxes.Expect("Are you sure you want to delete PIER?", BoxAnswer::Yes);
+    run.boxes.Expect("Are you sure you want to delete PIER?", BoxAnswer::Yes);
     Click(form, "cmdDelete");
-    EXPECT_EQ(program.boxes.Last().title, session.ProgramTitle);
+    EXPECT_EQ(run.boxes.Last().title, session.ProgramTitle);
     EXPECT_EQ(ListDepartments(session), (QStringList{"STORES", "Office"}));
     EXPECT_EQ(list->CurrentText(), "Office");
 }
@@ -98,20 +119,17 @@ TEST_F(FrmDepartments, WithoutTheRightNothingHappens) {
 
 class FrmEditHardware : public testing::Test {
 protected:
-    FrmEditHardware() {
-        session.ActiveSystemNumber = 1;
+    void SetUp() override {
+        main = run.OpenMain(StandardSystem("Pier", "2715"));
         for (const auto& [system, text] : {std::pair{1, "Rim"}, {1, "Mortice"}, {2, "Rim"}}) {
             DoorsRow door;
             door.SystemNumber = system;
             door.Text1 = QLatin1String(text);
             Recordset<DoorsRow>::Add(session.Keys(), door);
         }
-        form = new frmEditHardware(session);
-        form->show();
-        form->activateWindow();
-        QCoreApplication::processEvents();
+        Choose(main, "mnuEditHardware");
+        form = run.Form("frmEditHardware");
     }
-    ~FrmEditHardware() override { delete form.data(); }
 
     void Select(const QString& description) {
         auto* combo = Find<QComboBox>(form, "cmbHardware");
@@ -128,15 +146,17 @@ protected:
         return texts;
     }
 
-    TestProgram program;
-    Session& session = program.session;
-    QPointer<frmEditHardware> form;
+    RunningProgram run;
+    Session& session = run.session;
+    QWidget* main = nullptr;
+    QWidget* form = nullptr;
 };
 
 TEST_F(FrmEditHardware, ReplacesADescriptionHereThenEverywhere) {
     EXPECT_FALSE(Find<QPushButton>(form, "cmdSave")->isEnabled()) << "nothing to replace";
     EXPECT_TRUE(Find<QRadioButton>(form, "opSys")->isChecked());
     Select("Rim");
+    EXPECT_EQ(TabRound(form).join(' '), "cmbHardware txtChangeTo opSys cmdSave cmdExit");
     Type(form, "txtChangeTo", "Rim lock & latch");
     QTest::keyClick(Find<QLineEdit>(form, "txtChangeTo"), Qt::Key_Return);
     EXPECT_EQ(Stored(), (QStringList{"Rim lock & latch", "Mortice", "Rim"}));
@@ -155,7 +175,8 @@ TEST_F(FrmEditHardware, ReplacesADescriptionHereThenEverywhere) {
     EXPECT_EQ(Find<QLabel>(form, "lblHardware")->text(), "");
     EXPECT_FALSE(Find<QPushButton>(form, "cmdSave")->isEnabled());
     Click(form, "cmdExit");
-    EXPECT_TRUE(!form || !form->isVisible());
+    EXPECT_FALSE(run.IsLoaded("frmEditHardware"));
+    EXPECT_EQ(run.Form("frmMain"), main);
 }
 
 } // namespace

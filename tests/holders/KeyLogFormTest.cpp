@@ -1,4 +1,4 @@
-#include "holders/frmDBLostKeys.h"
+#include "holders/KeyLogs.h"
 #include "platform/Recordset.h"
 #include "store/HolderTables.h"
 #include "support/FormDriver.h"
@@ -8,21 +8,27 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 
 namespace quorrel::test {
 namespace {
 
 class FrmKeyLog : public testing::TestWithParam<KeyLog> {
 protected:
-    ~FrmKeyLog() override { delete form.data(); }
+    void SetUp() override { main = run.OpenMain(StandardSystem("Pier", "2715")); }
 
     void Open() {
-        form = new frmDBLostKeys(session, GetParam());
-        form->show();
-        form->activateWindow();
-        QCoreApplication::processEvents();
+        Choose(main, IsLost() ? "mnuLost" : "mnuReturned");
+        form = run.Form(Name());
         grid = Find<RecordGrid>(form, "grdDataGrid");
+        EXPECT_FALSE(main->isVisible());
+    }
+
+    const char* Name() const { return IsLost() ? "frmDBLostKeys" : "frmDBReturnKey"; }
+
+    /// The form has gone and given the main form back.
+    void ExpectClosed() {
+        EXPECT_FALSE(run.IsLoaded(Name()));
+        EXPECT_EQ(run.Form("frmMain"), main);
     }
 
     /// Leaves the form for another window and comes back to it.
@@ -96,9 +102,10 @@ protected:
         QTest::keyClicks(editor, text);
     }
 
-    TestProgram program;
-    Session& session = program.session;
-    QPointer<frmDBLostKeys> form;
+    RunningProgram run;
+    Session& session = run.session;
+    QWidget* main = nullptr;
+    QWidget* form = nullptr;
     RecordGrid* grid = nullptr;
 };
 
@@ -108,7 +115,6 @@ TEST_P(FrmKeyLog, ShowsTheLogAndMovesThroughItsRecords) {
     for (const char* keyID : {"B", "A", "C"})
         Store(QLatin1String(keyID));
     Open();
-    EXPECT_EQ(form->objectName(), IsLost() ? "frmDBLostKeys" : "frmDBReturnKey");
     EXPECT_EQ(form->windowTitle(), IsLost() ? "Lost Keys Recorded" : "Returned Keys Recorded");
     QStringList heads;
     for (int column = 0; column < grid->model()->columnCount(); ++column)
@@ -127,6 +133,9 @@ TEST_P(FrmKeyLog, ShowsTheLogAndMovesThroughItsRecords) {
     Click(form, "cmdPrevious");
     EXPECT_EQ(Mover(), "Record: 1");
 
+    grid->setFocus();
+    EXPECT_EQ(TabRound(form).join(' '), "grdDataGrid cmdFirst cmdPrevious cmdNext cmdLast cmdAdd "
+                                        "cmdUpdate cmdDelete cmdRefresh cmdClose");
     const int above = grid->height();
     form->resize(form->width(), form->height() + 150);
     QCoreApplication::processEvents();
@@ -152,7 +161,7 @@ TEST_P(FrmKeyLog, AddsRowsAndWritesAllChangesAtOnce) {
     QTRY_COMPARE(Stored(), QStringLiteral("A B C "));
     EXPECT_EQ(ReadLog(session, GetParam(), {1}).at(1).texts[3], QString(10000, u'k'));
     Click(form, "cmdClose");
-    EXPECT_TRUE(!form || !form->isVisible());
+    ExpectClosed();
 }
 
 TEST_P(FrmKeyLog, DeletesTheCurrentRecordWithoutAQuestion) {
@@ -201,20 +210,20 @@ TEST_P(FrmKeyLog, DropsWhatWasTypedOnlyAfterAQuestion) {
     Store("A");
     Open();
     TypeInto(0, 2, "Z");
-    program.boxes.Expect("(records: 1). Drop them?", BoxAnswer::No);
+    run.boxes.Expect("(records: 1). Drop them?", BoxAnswer::No);
     Click(form, "cmdRefresh");
     ComeBack();
     EXPECT_EQ(Shown(), "Z ");
-    program.boxes.Expect("Drop them?", BoxAnswer::No);
+    run.boxes.Expect("Drop them?", BoxAnswer::No);
     QTest::keyClick(form, Qt::Key_Escape);
     EXPECT_TRUE(form->isVisible());
-    program.boxes.Expect("Drop them?", BoxAnswer::Yes);
+    run.boxes.Expect("Drop them?", BoxAnswer::Yes);
     Click(form, "cmdRefresh");
     EXPECT_EQ(Shown(), "A ");
     TypeInto(0, 2, "Y");
-    program.boxes.Expect("Drop them?", BoxAnswer::Yes);
+    run.boxes.Expect("Drop them?", BoxAnswer::Yes);
     Click(form, "cmdClose");
-    EXPECT_TRUE(!form || !form->isVisible());
+    ExpectClosed();
     EXPECT_EQ(Stored(), "A ");
 }
 
@@ -224,17 +233,17 @@ TEST_P(FrmKeyLog, TellsWhatFailsAndKeepsWhatWasTyped) {
     TypeInto(0, 2, "Z");
     session.Keys().Execute("PRAGMA busy_timeout = 10");
     {
-        Session other(program.folder.path(), program.boxes, session.clock, session.random);
+        Session other(run.folder.path(), run.boxes, session.clock, session.random);
         QString failure;
         ASSERT_TRUE(LoadStartupFiles(other, failure));
         const Transaction held(other.Keys());
-        program.boxes.Expect("Data error event hit err:The file ");
+        run.boxes.Expect("Data error event hit err:The file ");
         Click(form, "cmdUpdate");
-        program.boxes.Expect("Data error event hit err:The file ");
+        run.boxes.Expect("Data error event hit err:The file ");
         Click(form, "cmdDelete");
     }
     EXPECT_EQ(Shown(), "Z ");
-    EXPECT_EQ(program.boxes.Last().title, session.ProgramTitle);
+    EXPECT_EQ(run.boxes.Last().title, session.ProgramTitle);
     Click(form, "cmdUpdate");
     EXPECT_EQ(Stored(), "Z ");
 }
