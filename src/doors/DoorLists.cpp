@@ -31,44 +31,6 @@ struct ListedDoor {
     QString Line() const { return DoorLine(DoorLabel, DoorDescription); }
 };
 
-/// A door and the key that it is assigned to.
-struct AssignedDoor {
-    using Self = AssignedDoor;
-    RowKey key = 0;
-    QString DoorLabel;
-    QString DoorDescription;
-    QString CutsLabel;
-
-    static constexpr const char* kTable = "Doors";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(DoorDescription),
-                          QUORREL_COLUMN(CutsLabel)};
-    }
-};
-
-/// What the lists tell of a key.
-struct ListedKey {
-    using Self = ListedKey;
-    RowKey key = 0;
-    QString Label;
-    QString Description;
-
-    static constexpr const char* kTable = "Patterns";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(Label), QUORREL_COLUMN(Description)};
-    }
-};
-
-/// The hardware of a door.
-struct DoorHardware {
-    using Self = DoorHardware;
-    RowKey key = 0;
-    QString Text1;
-
-    static constexpr const char* kTable = "Doors";
-    static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(Text1)}; }
-};
-
 Query OfSystem(const Session& session) {
     return Query().Where("SystemNumber", session.ActiveSystemNumber);
 }
@@ -93,12 +55,12 @@ void WalkDoors(Session& session, Visit&& visit) {
 /// Calls `visit` for each change key that has a Key ID.
 template <class Visit>
 void WalkKeys(Session& session, Visit&& visit) {
-    Recordset<ListedKey>(session.Keys(), OfSystem(session)
-                                             .Where("Master", 0)
-                                             .WhereNot("Label", kUnnamed)
-                                             .OrderBy("PageNumber")
-                                             .OrderBy("Position"))
-        .Walk([&](const ListedKey& key) {
+    Recordset<NamedKeyRow>(session.Keys(), OfSystem(session)
+                                               .Where("Master", 0)
+                                               .WhereNot("Label", kUnnamed)
+                                               .OrderBy("PageNumber")
+                                               .OrderBy("Position"))
+        .Walk([&](const NamedKeyRow& key) {
             if (!key.Label.isEmpty() && key.Label[0] != u' ')
                 visit(key);
             return true;
@@ -136,7 +98,7 @@ QStringList SearchDoors(Session& session, const QString& text) {
 
 QStringList ListKeyableKeys(Session& session) {
     QStringList lines;
-    WalkKeys(session, [&](const ListedKey& key) {
+    WalkKeys(session, [&](const NamedKeyRow& key) {
         const QString blanks(2, u' ');
         QString description = key.Description;
         description.replace(QStringLiteral("\r\n"), blanks).replace(u'\n', blanks);
@@ -148,7 +110,7 @@ QStringList ListKeyableKeys(Session& session) {
 QStringList SearchKeyableKeys(Session& session, const QString& text) {
     const QString upper = text.toUpper();
     QStringList lines;
-    WalkKeys(session, [&](const ListedKey& key) {
+    WalkKeys(session, [&](const NamedKeyRow& key) {
         if (Begins(key.Label, upper))
             lines.append(KeyColumn(key.Label) + key.Description);
     });
@@ -158,7 +120,7 @@ QStringList SearchKeyableKeys(Session& session, const QString& text) {
 QStringList ListHardwareTypes(Session& session) {
     QStringList types;
     QSet<QString> known;
-    Recordset<DoorHardware>(session.Keys()).Walk([&](const DoorHardware& door) {
+    Recordset<DoorHardwareRow>(session.Keys()).Walk([&](const DoorHardwareRow& door) {
         if (!door.Text1.isEmpty() && !known.contains(door.Text1)) {
             known.insert(door.Text1);
             types.append(door.Text1);
@@ -173,9 +135,9 @@ QStringList ListKeyedDoors(Session& session, const QString& keyLine) {
     if (keyLine.isEmpty())
         return lines;
     const QString keyID = Padded(keyLine, kKeyColumn);
-    Recordset<AssignedDoor>(session.Keys(),
+    Recordset<KeyedDoorRow>(session.Keys(),
                             OfSystem(session).WhereBegins("CutsLabel", RightTrimmed(keyID)))
-        .Walk([&](const AssignedDoor& door) {
+        .Walk([&](const KeyedDoorRow& door) {
             if (Padded(door.CutsLabel, kKeyColumn) == keyID &&
                 !IsNoValue(door.DoorLabel + QStringLiteral("  ")))
                 lines.append(DoorLine(door.DoorLabel, door.DoorDescription));

@@ -12,19 +12,6 @@ namespace quorrel {
 
 namespace {
 
-/// What the list shows of a holder.
-struct ListedHolder {
-    using Self = ListedHolder;
-    RowKey key = 0;
-    QString UserIDNumber, Firstname, Lastname, Department;
-
-    static constexpr const char* kTable = "KeyUsers";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
-                          QUORREL_COLUMN(Lastname), QUORREL_COLUMN(Department)};
-    }
-};
-
 Query OfSystem(const Session& session) {
     return Query().Where("SystemNumber", session.ActiveSystemNumber);
 }
@@ -74,7 +61,7 @@ QString NumberOfLine(const QString& line) {
 QStringList ListHolders(Session& session, HolderColumn column, const QString& begin) {
     const QString wanted = begin.toUpper();
     QStringList lines;
-    Recordset<ListedHolder>(session.Keys(), OfSystem(session)).Walk([&](const ListedHolder& row) {
+    Recordset<HolderNameRow>(session.Keys(), OfSystem(session)).Walk([&](const HolderNameRow& row) {
         const QString& searched = column == HolderColumn::UserID     ? row.UserIDNumber
                                   : column == HolderColumn::LastName ? row.Lastname
                                                                      : row.Firstname;
@@ -123,8 +110,8 @@ HolderDeleted DeleteHolder(Session& session, const QString& line) {
     if (!Recordset<UsertoUnitRow>(keys, OfSystem(session).Where("UserID", number)).Empty())
         return HolderDeleted::HasKeys;
     // A number with a blank in it is not the one that the line seems to begin with.
-    std::optional<ListedHolder> found;
-    Recordset<ListedHolder>(keys, OfSystem(session)).Walk([&](const ListedHolder& row) {
+    std::optional<HolderNameRow> found;
+    Recordset<HolderNameRow>(keys, OfSystem(session)).Walk([&](const HolderNameRow& row) {
         if (LineOf(row, HolderColumn::UserID) == line)
             found = row;
         return !found;

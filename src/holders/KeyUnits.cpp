@@ -23,35 +23,10 @@ constexpr int kHighestUnit = 32767;
 /// How many holders are looked up at a time.
 constexpr qsizetype kHoldersAtATime = 200;
 
-/// What the list shows of a key.
-struct ListedKey {
-    using Self = ListedKey;
-    RowKey key = 0;
-    int Position = 0;
-    QString Label, Description;
-
-    static constexpr const char* kTable = "Patterns";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(Position), QUORREL_COLUMN(Label),
-                          QUORREL_COLUMN(Description)};
-    }
-};
-
-/// What is shown of a holder beside a unit.
-struct NamedHolder {
-    using Self = NamedHolder;
-    RowKey key = 0;
-    QString UserIDNumber, Firstname, Lastname;
-
-    static constexpr const char* kTable = "KeyUsers";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
-                          QUORREL_COLUMN(Lastname)};
-    }
-
-    /// What a line of a held unit says of its holder.
-    QString Text() const { return UserIDNumber + u' ' + Lastname + u' ' + Firstname; }
-};
+/// What a line of a held unit says of its holder.
+QString TextOf(const HolderNameRow& holder) {
+    return holder.UserIDNumber + u' ' + holder.Lastname + u' ' + holder.Firstname;
+}
 
 Query OfSystem(const Session& session) {
     return Query().Where("SystemNumber", session.ActiveSystemNumber);
@@ -82,11 +57,11 @@ bool IsHeld(Session& session, const QString& keyID, const QString& unit) {
 QHash<QString, QStringList> TextsOfHolders(Session& session, const QStringList& numbers) {
     QHash<QString, QStringList> texts;
     for (qsizetype at = 0; at < numbers.size(); at += kHoldersAtATime)
-        Recordset<NamedHolder>(
+        Recordset<HolderNameRow>(
             session.Keys(),
             OfSystem(session).WhereAny("UserIDNumber", numbers.mid(at, kHoldersAtATime)))
-            .Walk([&](const NamedHolder& holder) {
-                texts[holder.UserIDNumber].append(holder.Text());
+            .Walk([&](const HolderNameRow& holder) {
+                texts[holder.UserIDNumber].append(TextOf(holder));
                 return true;
             });
     return texts;
@@ -146,12 +121,12 @@ void AddToLog(Session& session, int Log::*number, const char* column, const QStr
 QStringList ListKeys(Session& session, const QString& begin) {
     const QString wanted = begin.toUpper();
     QStringList lines;
-    Recordset<ListedKey>(session.Keys(), OfSystem(session)
-                                             .WhereNot("Label", kUnnamed)
-                                             .WhereBelow("Position", kPositionsListed)
-                                             .OrderBy("PageNumber")
-                                             .OrderBy("Position"))
-        .Walk([&](const ListedKey& key) {
+    Recordset<NamedKeyRow>(session.Keys(), OfSystem(session)
+                                               .WhereNot("Label", kUnnamed)
+                                               .WhereBelow("Position", kPositionsListed)
+                                               .OrderBy("PageNumber")
+                                               .OrderBy("Position"))
+        .Walk([&](const NamedKeyRow& key) {
             if (key.Label.isEmpty() || key.Label[0] == u' ' ||
                 key.Label.left(begin.size()).toUpper() != wanted)
                 return true;
@@ -310,8 +285,8 @@ UnitDone AssignUnit(Session& session, const QString& keyID, const QString& unit,
 
 std::vector<KeyUsersRow> HoldersOfLine(Session& session, const QString& line) {
     std::vector<KeyUsersRow> holders;
-    Recordset<NamedHolder>(session.Keys(), OfSystem(session)).Walk([&](const NamedHolder& row) {
-        if (line.contains(QStringLiteral(" - ") + row.Text()))
+    Recordset<HolderNameRow>(session.Keys(), OfSystem(session)).Walk([&](const HolderNameRow& row) {
+        if (line.contains(QStringLiteral(" - ") + TextOf(row)))
             if (auto holder = FindHolder(session, row.UserIDNumber))
                 holders.push_back(*holder);
         return true;

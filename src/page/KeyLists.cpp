@@ -2,6 +2,8 @@
 
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/DoorTables.h"
+#include "store/HolderTables.h"
 #include "store/Scramble.h"
 #include "store/SystemTables.h"
 
@@ -19,24 +21,6 @@ constexpr int kShownDepartment = 6;
 /// How many holders are looked up at a time.
 constexpr qsizetype kHoldersAtATime = 200;
 
-/// What the lists show of a key.
-struct NamedKey {
-    using Self = NamedKey;
-    RowKey key = 0;
-    int PageNumber = 0;
-    int Position = 0;
-    QString Label;
-    QString Department;
-    QString Description;
-
-    static constexpr const char* kTable = "Patterns";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(PageNumber), QUORREL_COLUMN(Position),
-                          QUORREL_COLUMN(Label), QUORREL_COLUMN(Department),
-                          QUORREL_COLUMN(Description)};
-    }
-};
-
 /// What tells whether a named key lies under a master.
 struct NamedCuts {
     using Self = NamedCuts;
@@ -50,21 +34,6 @@ struct NamedCuts {
     }
 };
 
-/// What the list shows of a door.
-struct Door {
-    using Self = Door;
-    RowKey key = 0;
-    QString DoorLabel;
-    QString DoorDescription;
-    QString CutsLabel;
-
-    static constexpr const char* kTable = "Doors";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(DoorDescription),
-                          QUORREL_COLUMN(CutsLabel)};
-    }
-};
-
 /// A unit in a holder's hands.
 struct HeldUnit {
     using Self = HeldUnit;
@@ -75,21 +44,6 @@ struct HeldUnit {
     static constexpr const char* kTable = "UsertoUnit";
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(UnitID), QUORREL_COLUMN(UserID)};
-    }
-};
-
-/// The name of a holder.
-struct Holder {
-    using Self = Holder;
-    RowKey key = 0;
-    QString UserIDNumber;
-    QString Firstname;
-    QString Lastname;
-
-    static constexpr const char* kTable = "KeyUsers";
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
-                          QUORREL_COLUMN(Lastname)};
     }
 };
 
@@ -108,7 +62,7 @@ QString OneLine(QString text) {
 /// A list of doors under way: of lines that are the same it takes the first.
 class DoorLines {
 public:
-    void Add(const Door& door) {
+    void Add(const KeyedDoorRow& door) {
         QString text = OneLine(door.DoorLabel + QString(5, u' ') + door.DoorDescription);
         if (m_listed.contains(text))
             return;
@@ -184,11 +138,11 @@ private:
 QHash<QString, QString> NamesOf(Session& session, const QStringList& userIDs) {
     QHash<QString, QString> names;
     for (qsizetype at = 0; at < userIDs.size(); at += kHoldersAtATime)
-        Recordset<Holder>(session.Keys(),
-                          Query()
-                              .Where("SystemNumber", session.ActiveSystemNumber)
-                              .WhereAny("UserIDNumber", userIDs.mid(at, kHoldersAtATime)))
-            .Walk([&](const Holder& holder) {
+        Recordset<HolderNameRow>(session.Keys(),
+                                 Query()
+                                     .Where("SystemNumber", session.ActiveSystemNumber)
+                                     .WhereAny("UserIDNumber", userIDs.mid(at, kHoldersAtATime)))
+            .Walk([&](const HolderNameRow& holder) {
                 if (!names.contains(holder.UserIDNumber))
                     names.insert(holder.UserIDNumber, holder.Lastname + u' ' + holder.Firstname);
                 return true;
@@ -205,17 +159,17 @@ std::vector<SubjectLine> OrNone(std::vector<SubjectLine> lines) {
 } // namespace
 
 std::vector<KeyLine> FillKeyList(Session& session, const QString& filter) {
-    const auto keys =
-        Recordset<NamedKey>(session.Keys(), Query()
-                                                .Where("SystemNumber", session.ActiveSystemNumber)
-                                                .WhereNot("Label", kUnnamed)
-                                                .OrderBy("Serial"))
-            .Rows();
+    const auto keys = Recordset<NamedKeyRow>(session.Keys(),
+                                             Query()
+                                                 .Where("SystemNumber", session.ActiveSystemNumber)
+                                                 .WhereNot("Label", kUnnamed)
+                                                 .OrderBy("Serial"))
+                          .Rows();
     qsizetype widest = 0;
-    for (const NamedKey& key : keys)
+    for (const NamedKeyRow& key : keys)
         widest = std::max(widest, RightTrimmed(key.Label).size());
     std::vector<KeyLine> lines;
-    for (const NamedKey& key : keys) {
+    for (const NamedKeyRow& key : keys) {
         if (IsNoValue(key.Label) || key.Position >= kAllCells || !Passes(key.Label, filter))
             continue;
         lines.push_back({OneLine(Padded(key.Label, static_cast<int>(widest)) + u' ' +
@@ -232,13 +186,14 @@ std::vector<SubjectLine> FillDoorList(Session& session, const PageView& page, in
         return OrNone({});
     // Doors are those of the system under whose number the maps are filed.
     const auto doors = [&] { return Query().Where("SystemNumber", session.MapFilingNumber); };
-    const auto isListed = [&](const Door& door) {
+    const auto isListed = [&](const KeyedDoorRow& door) {
         return !IsNoValue(door.DoorLabel) && Passes(door.DoorLabel, filter);
     };
     DoorLines lines;
     if (!IsMasterPosition(cell)) {
-        Recordset<Door>(session.Keys(), doors().WhereTrimmed("CutsLabel", RightTrimmed(keyID)))
-            .Walk([&](const Door& door) {
+        Recordset<KeyedDoorRow>(session.Keys(),
+                                doors().WhereTrimmed("CutsLabel", RightTrimmed(keyID)))
+            .Walk([&](const KeyedDoorRow& door) {
                 if (isListed(door))
                     lines.Add(door);
                 return true;
@@ -246,8 +201,8 @@ std::vector<SubjectLine> FillDoorList(Session& session, const PageView& page, in
         return OrNone(lines.Take());
     }
     const SubKeys keys(session, page.System(), page.Cell(cell).tag);
-    std::vector<std::vector<Door>> ofKey(static_cast<std::size_t>(keys.Count()));
-    Recordset<Door>(session.Keys(), doors()).Walk([&](const Door& door) {
+    std::vector<std::vector<KeyedDoorRow>> ofKey(static_cast<std::size_t>(keys.Count()));
+    Recordset<KeyedDoorRow>(session.Keys(), doors()).Walk([&](const KeyedDoorRow& door) {
         if (!isListed(door))
             return true;
         if (const qsizetype place = keys.FirstOf(door.CutsLabel); place >= 0)
@@ -255,7 +210,7 @@ std::vector<SubjectLine> FillDoorList(Session& session, const PageView& page, in
         return true;
     });
     for (const auto& found : ofKey)
-        for (const Door& door : found)
+        for (const KeyedDoorRow& door : found)
             lines.Add(door);
     return OrNone(lines.Take());
 }

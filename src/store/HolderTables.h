@@ -124,4 +124,20 @@ struct LostKeysRow {
     }
 };
 
+/// What lists show of a holder: a part of the table's columns.
+struct HolderNameRow {
+    using Self = HolderNameRow;
+    RowKey key = 0;
+    QString UserIDNumber;
+    QString Firstname;
+    QString Lastname;
+    QString Department;
+
+    static constexpr const char* kTable = KeyUsersRow::kTable;
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
+                          QUORREL_COLUMN(Lastname), QUORREL_COLUMN(Department)};
+    }
+};
+
 } // namespace quorrel

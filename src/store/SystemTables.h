@@ -128,4 +128,22 @@ struct ManufacturerRow {
     }
 };
 
+/// What lists show of a named key: a part of the table's columns.
+struct NamedKeyRow {
+    using Self = NamedKeyRow;
+    RowKey key = 0;
+    int PageNumber = 0;
+    int Position = 0;
+    QString Label;
+    QString Department;
+    QString Description;
+
+    static constexpr const char* kTable = PatternsRow::kTable;
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(PageNumber), QUORREL_COLUMN(Position),
+                          QUORREL_COLUMN(Label), QUORREL_COLUMN(Department),
+                          QUORREL_COLUMN(Description)};
+    }
+};
+
 } // namespace quorrel
