@@ -24,7 +24,18 @@ public:
     };
     const Tally& Done() const { return m_done; }
 
+    /// Does one of the actions. One for which the file was in use for too long is left undone.
     void Act() {
+        try {
+            ActOnce();
+        } catch (const DatabaseError& error) {
+            if (error.kind() != DatabaseError::Kind::Busy)
+                throw;
+        }
+    }
+
+private:
+    void ActOnce() {
         const QString keyID = Pick({QStringLiteral("A1"), QStringLiteral("O'HARE 100%")});
         switch (Below(8)) {
         case 0:
@@ -42,7 +53,6 @@ public:
         }
     }
 
-private:
     int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
     QString Pick(const QStringList& texts) {
         return texts.isEmpty() ? QString() : texts[Below(static_cast<int>(texts.size()))];
