@@ -90,7 +90,7 @@ std::optional<DoorsRow> FindDoor(Session& session, const QString& label) {
 }
 
 std::optional<DoorsRow> LoadDoorRecord(Session& session, const QString& label) {
-    const auto door = FindDoor(session, label);
+    auto door = FindDoor(session, label);
     if (!door)
         return std::nullopt;
     session.CurrentDoorID = door->DoorID;
@@ -141,10 +141,7 @@ qint64 CountHardware(Session& session, const QString& hardware) {
 }
 
 QString KeyedCaption(int day) {
-    const QString caption = QStringLiteral("Keyed");
-    if (day == 0)
-        return caption;
-    return caption + QStringLiteral(" - ") + DayText(day);
+    return day == 0 ? QStringLiteral("Keyed") : QStringLiteral("Keyed - ") + DayText(day);
 }
 
 bool SystemIsIC(Session& session) {

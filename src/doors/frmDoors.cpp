@@ -208,7 +208,7 @@ void frmDoors::ShowKeyedTo() {
 
 /// Stores what is typed and begins anew. Gives the stored label, if there was one to store under.
 std::optional<QString> frmDoors::StoreRecord() {
-    const auto stored = SaveDoorRecord(m_session, TypedRecord());
+    auto stored = SaveDoorRecord(m_session, TypedRecord());
     if (stored)
         LoadDoorLists();
     return stored;
