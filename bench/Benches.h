@@ -12,6 +12,8 @@ void AddPreview(std::vector<Comparison>& comparisons);
 void AddCreate(std::vector<Comparison>& comparisons);
 void AddPage(std::vector<Comparison>& comparisons);
 void AddLists(std::vector<Comparison>& comparisons);
+void AddDoors(std::vector<Comparison>& comparisons);
+void AddHolders(std::vector<Comparison>& comparisons);
 void AddLogs(std::vector<Comparison>& comparisons);
 void AddStart(std::vector<Comparison>& comparisons);
 

@@ -40,6 +40,8 @@ int RunAll(std::vector<char*> arguments) {
     AddCreate(comparisons);
     AddPage(comparisons);
     AddLists(comparisons);
+    AddDoors(comparisons);
+    AddHolders(comparisons);
     AddLogs(comparisons);
     AddStart(comparisons);
     Scoreboard scoreboard;

@@ -7,6 +7,7 @@
 #include "page/PageGrid.h"
 #include "widgets/HelpContexts.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
@@ -284,6 +285,25 @@ void ChangeCompany(Walker& walker) {
     walker.Enter("frmMain");
 }
 
+void ShowPermissions(Tour& tour) {
+    Walker& walker = tour.walker;
+    walker.ChooseFromMenu("mnuUsers", "mnuUsersAdd");
+    walker.Enter("frmPermissions");
+    walker.ExpectGone("frmMain");
+    walker.Type(QStringLiteral("cmbUser"), QStringLiteral("Night porter"));
+    walker.Type(QStringLiteral("txtPassword"), QStringLiteral("gate"));
+    walker.Type(QStringLiteral("txtConfirmPassword"), QStringLiteral("gate"));
+    walker.Click(QStringLiteral("ckAK"));
+    walker.Check(walker.Find<QCheckBox>(QStringLiteral("ckRP")).isChecked(),
+                 QStringLiteral("Altering the design does not bring reading the cuts"));
+    walker.Picture(QStringLiteral("permissions"));
+    CheckHelp(tour, "frmPermissions", help::kPermissions);
+    walker.Click(QStringLiteral("cmdSave"));
+    walker.Click(QStringLiteral("cmdExit"));
+    walker.ExpectGone("frmPermissions");
+    walker.Enter("frmMain");
+}
+
 void ShowSettings(Tour& tour) {
     Walker& walker = tour.walker;
     walker.ChooseFromMenu("mnuUsers", "mnuNetwork");
@@ -352,6 +372,7 @@ void WalkAside(Tour& tour) {
     walker.Step(QStringLiteral("Help topics"), [&] { ReadAllTopics(walker); });
     walker.Step(QStringLiteral("About"), [&] { ShowAbout(tour); });
     walker.Step(QStringLiteral("Company again"), [&] { ChangeCompany(walker); });
+    walker.Step(QStringLiteral("Permissions"), [&] { ShowPermissions(tour); });
     walker.Step(QStringLiteral("Network settings"), [&] { ShowSettings(tour); });
     walker.Step(QStringLiteral("Left alone"), [&] { LeaveAlone(tour); });
     walker.Step(QStringLiteral("Exit cancelled"), [&] { CancelExit(tour); });

@@ -30,6 +30,9 @@ void WalkPinning(Tour& tour);
 /// The lists beside the page, of the keys that were named on it, and the menus.
 void WalkLists(Tour& tour);
 
+/// The doors of the first key system and the keys that open them.
+void WalkDoors(Tour& tour);
+
 /// The logs of key units, and the tidying of departments and hardware.
 void WalkBooks(Tour& tour);
 
@@ -41,6 +44,9 @@ void WalkAside(Tour& tour);
 
 /// A third key system, of interchangeable cores, and a pinning chart of it.
 void WalkCore(Tour& tour);
+
+/// Holders, and units in their hands.
+void WalkHolders(Tour& tour);
 
 /// The list of key systems and the way out.
 void WalkListAndExit(Tour& tour);

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -128,12 +129,23 @@ void Walker::Click(const QString& name) {
 }
 
 void Walker::ClickLine(const QString& name, int line) {
-    auto& list = Find<QAbstractItemView>(name);
-    Activate();
-    const QRect place = list.visualRect(list.model()->index(line, 0));
+    auto& list = dynamic_cast<QAbstractItemView&>(Usable(name));
+    const QModelIndex index = list.model()->index(line, 0);
+    list.scrollTo(index);
+    const QRect place = list.visualRect(index);
     Check(!place.isEmpty(), QStringLiteral("%1 has no line %2").arg(name).arg(line));
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place.center());
     Settle();
+}
+
+void Walker::ClickLine(const QString& name, const QString& begin) {
+    const auto& model = *Find<QAbstractItemView>(name).model();
+    for (int line = 0; line < model.rowCount(); ++line)
+        if (model.index(line, 0).data().toString().startsWith(begin)) {
+            ClickLine(name, line);
+            return;
+        }
+    throw WalkFailed(QStringLiteral("%1 has no line \"%2\"").arg(name, begin));
 }
 
 void Walker::Type(const QString& name, const QString& text) {
@@ -183,11 +195,15 @@ void Walker::ChooseFromMenu(const char* menu, const char* action) {
 
 void Walker::ExpectBox(const QString& text, QMessageBox::StandardButton answer,
                        const QString& picture) {
-    m_expected.push_back({text, answer, {}, picture});
+    m_expected.push_back({Dialog::Box, text, answer, picture});
 }
 
 void Walker::ExpectFileDialog(const QString& path, const QString& picture) {
-    m_expected.push_back({{}, QMessageBox::Ok, path, picture});
+    m_expected.push_back({Dialog::Files, path, QMessageBox::Ok, picture});
+}
+
+void Walker::ExpectInput(const QString& text, const QString& picture) {
+    m_expected.push_back({Dialog::Input, text, QMessageBox::Ok, picture});
 }
 
 void Walker::Picture(const QString& name) {
@@ -224,7 +240,8 @@ void Walker::CheckContains(const QString& control, const QString& part) const {
 
 void Walker::CheckFocus(const QString& control) const {
     const QWidget* focus = Window().focusWidget();
-    Check(focus == &Typable(Find(control)),
+    QWidget& wanted = Find(control);
+    Check(focus == &wanted || focus == &Typable(wanted),
           QStringLiteral("The focus is on %1, not on %2")
               .arg(focus ? focus->objectName() : QStringLiteral("nothing"), control));
 }
@@ -255,8 +272,9 @@ void Walker::Settle() {
         return;
     const Expected missing = m_expected.front();
     m_expected.clear();
-    throw WalkFailed(missing.path.isEmpty() ? QStringLiteral("No box said: %1").arg(missing.text)
-                                            : QStringLiteral("No file dialog came up"));
+    throw WalkFailed(missing.dialog == Dialog::Box
+                         ? QStringLiteral("No box said: %1").arg(missing.text)
+                         : QStringLiteral("No dialog came up for %1").arg(missing.text));
 }
 
 void Walker::Watch() {
@@ -277,9 +295,12 @@ void Walker::Watch() {
 void Walker::Meet(QWidget& dialog) {
     auto* box = qobject_cast<QMessageBox*>(&dialog);
     auto* files = qobject_cast<QFileDialog*>(&dialog);
-    const bool asExpected = !m_expected.empty() &&
-                            (m_expected.front().path.isEmpty() ? box != nullptr : files != nullptr);
-    if (!asExpected) {
+    auto* input = qobject_cast<QInputDialog*>(&dialog);
+    const auto is = [&](Dialog kind) {
+        return (kind == Dialog::Box && box) || (kind == Dialog::Files && files) ||
+               (kind == Dialog::Input && input);
+    };
+    if (m_expected.empty() || !is(m_expected.front().dialog)) {
         Note(QStringLiteral("Unexpected: %1")
                  .arg(box ? box->text() : QLatin1String(dialog.metaObject()->className())));
         dialog.close();
@@ -287,19 +308,25 @@ void Walker::Meet(QWidget& dialog) {
     }
     const Expected expected = m_expected.front();
     m_expected.pop_front();
-    if (box) {
+    if (box)
         Answer(*box, expected);
+    else
+        TypeInto(static_cast<QDialog&>(dialog), expected);
+}
+
+void Walker::TypeInto(QDialog& dialog, const Expected& expected) {
+    // A file dialog has other lines than the one for the name.
+    auto* line = expected.dialog == Dialog::Files
+                     ? dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+                     : dialog.findChild<QLineEdit*>();
+    if (!line) {
+        Note(QStringLiteral("The dialog has no place for a text"));
+        dialog.close();
         return;
     }
-    auto* name = files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (!name) {
-        Note(QStringLiteral("The file dialog has no place for a name"));
-        files->close();
-        return;
-    }
-    QTest::keyClicks(name, expected.path);
-    Keep(*files, expected.picture);
-    QTest::keyClick(name, Qt::Key_Return);
+    QTest::keyClicks(line, expected.text);
+    Keep(dialog, expected.picture);
+    QTest::keyClick(line, Qt::Key_Return);
 }
 
 void Walker::Answer(QMessageBox& box, const Expected& expected) {

@@ -52,8 +52,9 @@ public:
     /// Clicks a control with the mouse.
     void Click(const QString& name);
 
-    /// Clicks a line of a list.
+    /// Clicks a line of a list: that of a place, or the first that begins with a text.
     void ClickLine(const QString& name, int line);
+    void ClickLine(const QString& name, const QString& begin);
 
     /// Replaces the text of a control by typing.
     void Type(const QString& name, const QString& text);
@@ -74,6 +75,9 @@ public:
     /// The next action brings up a file dialog: the path is typed into it.
     void ExpectFileDialog(const QString& path, const QString& picture);
 
+    /// The next action brings up an input box: the text is typed into it.
+    void ExpectInput(const QString& text, const QString& picture);
+
     /// Keeps a picture of the window.
     void Picture(const QString& name);
 
@@ -89,10 +93,11 @@ public:
     QString TextOf(const QString& control) const;
 
 private:
+    enum class Dialog { Box, Files, Input };
     struct Expected {
-        QString text;
+        Dialog dialog;
+        QString text; ///< what a box says, or what is to be typed
         QMessageBox::StandardButton answer;
-        QString path;
         QString picture;
     };
 
@@ -105,6 +110,7 @@ private:
     void Watch();
     void Meet(QWidget& dialog);
     void Answer(QMessageBox& box, const Expected& expected);
+    void TypeInto(QDialog& dialog, const Expected& expected);
     void Keep(QWidget& window, const QString& name);
     void Note(const QString& failure);
 

@@ -101,6 +101,8 @@ void Walk(const Options& options) {
     WalkPages(tour);
     WalkPinning(tour);
     WalkLists(tour);
+    WalkHolders(tour);
+    WalkDoors(tour);
     WalkBooks(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);

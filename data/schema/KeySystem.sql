@@ -64,6 +64,7 @@ CREATE TABLE "Doors" (
 );
 CREATE INDEX "DoorsByLabel" ON "Doors" ("SystemNumber", "DoorLabel");
 CREATE INDEX "DoorsByCutsLabel" ON "Doors" ("SystemNumber", "CutsLabel");
+CREATE INDEX "DoorsByHardware" ON "Doors" ("SystemNumber", "Text1");
 CREATE INDEX "DoorsByMap" ON "Doors" ("LinkMapID");
 
 CREATE TABLE "Department" (

@@ -76,7 +76,7 @@ QStringList ListDepartments(Session& session) {
 }
 
 void RenameDepartment(Session& session, const QString& from, const QString& to) {
-    const QString name = RightTrimmed(to.toUpper().left(kDepartmentLength));
+    const QString name = RightTrimmed(to.toUpper().left(kDepartmentWidth));
     if (name == from)
         return;
     Transaction transaction(session.Keys());
@@ -89,7 +89,7 @@ void RenameDepartment(Session& session, const QString& from, const QString& to) 
 
 void DeleteDepartment(Session& session, const QString& name) {
     Transaction transaction(session.Keys());
-    Replace<PatternsRow>(session, name, QString(kDepartmentLength, u' '), false);
+    Replace<PatternsRow>(session, name, QString(kDepartmentWidth, u' '), false);
     DeleteFromList(session, name);
     Replace<KeyUsersRow>(session, name, QString(), true);
     transaction.Commit();

@@ -6,9 +6,6 @@
 
 namespace quorrel {
 
-/// Characters of a department's name that are kept.
-inline constexpr int kDepartmentLength = 34;
-
 /// The departments of the open system, in table order, without those that are hidden.
 QStringList ListDepartments(Session& session);
 

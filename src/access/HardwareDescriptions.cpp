@@ -3,8 +3,6 @@
 #include "platform/Recordset.h"
 #include "store/DoorTables.h"
 
-#include <QSet>
-
 namespace quorrel {
 
 namespace {
@@ -20,19 +18,6 @@ struct DoorHardware {
 };
 
 } // namespace
-
-QStringList ListHardware(Session& session) {
-    QStringList descriptions;
-    QSet<QString> listed;
-    Recordset<DoorHardware>(session.Keys()).Walk([&](const DoorHardware& door) {
-        if (!door.Text1.isEmpty() && !listed.contains(door.Text1)) {
-            listed.insert(door.Text1);
-            descriptions.append(door.Text1);
-        }
-        return true;
-    });
-    return descriptions;
-}
 
 void ReplaceHardware(Session& session, const QString& from, const QString& to, bool allSystems) {
     Query doors;

@@ -2,6 +2,7 @@
 
 #include "access/Departments.h"
 #include "platform/Text.h"
+#include "store/SystemTables.h"
 #include "ui_frmDepartments.h"
 #include "widgets/HelpContexts.h"
 
@@ -15,7 +16,7 @@ frmDepartments::frmDepartments(Session& session)
     PlaceOnScreen(*this, 0.25);
     OfferHelp(help::kDepartments, ui->cmdHelp);
     ui->lstDepartment->setFont(font()); // Names are in no columns.
-    ui->txtRename->setMaxLength(kDepartmentLength);
+    ui->txtRename->setMaxLength(kDepartmentWidth);
     On(ui->lstDepartment->selectionModel(), &QItemSelectionModel::currentChanged,
        [this] { ApplySelection(); });
     On(ui->lstDepartment, &TextList::DoubleClicked, [this] { BeginRenaming(); });

@@ -1,6 +1,7 @@
 #include "access/frmEditHardware.h"
 
 #include "access/HardwareDescriptions.h"
+#include "doors/DoorLists.h"
 #include "ui_frmEditHardware.h"
 #include "widgets/HelpContexts.h"
 
@@ -25,7 +26,7 @@ frmEditHardware::~frmEditHardware() = default;
 
 /// Reads the list and selects a description of it; none when it is not there.
 void frmEditHardware::LoadHardwareList(const QString& shown) {
-    const QStringList descriptions = ListHardware(m_session);
+    const QStringList descriptions = ListHardwareTypes(m_session);
     {
         // Whatever stands in the list in between was not chosen.
         const QSignalBlocker blocker(ui->cmbHardware);

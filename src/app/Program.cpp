@@ -6,7 +6,9 @@
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
 #include "access/frmPermissions.h"
+#include "doors/frmDoors.h"
 #include "holders/frmDBLostKeys.h"
+#include "holders/frmKeyUsers.h"
 #include "page/frmMain.h"
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
@@ -40,7 +42,9 @@ Program::Program(Session& session)
           {QStringLiteral("frmDBReturnKey"), [this](auto&) { ShowLog(KeyLog::Returned); }},
           {QStringLiteral("frmDepartments"), [this](auto&) { ShowDepartments(); }},
           {QStringLiteral("frmEditHardware"), [this](auto&) { ShowEditHardware(); }},
+          {QStringLiteral("frmDoors"), [this](auto& label) { ShowDoors(label); }},
           {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
+          {QStringLiteral("frmKeyUsers"), [this](auto& number) { ShowKeyUsers(number); }},
           {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
           {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
           {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
@@ -49,8 +53,12 @@ Program::Program(Session& session)
 }
 
 Program::~Program() {
-    for (const auto& form : m_forms)
+    for (const auto& form : m_forms) {
+        // What hiding makes a form do, it does while it is still whole.
+        if (form)
+            form->hide();
         delete form.data();
+    }
 }
 
 /// Takes a new form into care and gives it what every form needs.
@@ -230,6 +238,14 @@ void Program::ShowNetwork() {
     m_network->show();
 }
 
+void Program::ShowKeyUsers(const QString& number) {
+    auto* users = Load(new frmKeyUsers(m_session));
+    connect(users, &frmKeyUsers::Closed, this, &Program::ShowMain);
+    if (!number.isEmpty())
+        users->ShowHolder(number);
+    users->show();
+}
+
 void Program::ShowDepartments() {
     auto* departments = Load(new frmDepartments(m_session));
     connect(departments, &frmDepartments::Closed, this, &Program::ShowMain);
@@ -262,6 +278,14 @@ void Program::ShowDrive() {
     connect(drive, &frmDrive::FolderChosen, m_network, &frmNetwork::SetMapFolder);
     connect(drive, &frmDrive::Closed, m_network, &QWidget::show);
     drive->show();
+}
+
+void Program::ShowDoors(const QString& label) {
+    auto* doors = Load(new frmDoors(m_session));
+    connect(doors, &frmDoors::Closed, this, &Program::ShowMain);
+    doors->show();
+    if (!label.isEmpty())
+        doors->AskFor(label);
 }
 
 HelpWindow& Program::Help() {

@@ -64,11 +64,14 @@ private:
     void ShowPinSizes(const QString& brand);
     void ShowPinning(const PinningRequest& request);
     void ShowNetwork();
+    void ShowKeyUsers(const QString& number = {});
     void ShowDepartments();
     void ShowEditHardware();
     void ShowLog(KeyLog log);
     void ShowPermissions();
     void ShowDrive();
+    /// Shows the doors, with the door of a label if one is given.
+    void ShowDoors(const QString& label = {});
     void ShowHelpIndex();
     void FilesNotFound(const QString& failure);
     HelpWindow& Help();

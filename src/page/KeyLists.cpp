@@ -3,6 +3,7 @@
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/Scramble.h"
+#include "store/SystemTables.h"
 
 #include <QHash>
 #include <QSet>
@@ -14,12 +15,9 @@ namespace quorrel {
 
 namespace {
 
-constexpr int kKeyIDWidth = 12;
 constexpr int kShownDepartment = 6;
 /// How many holders are looked up at a time.
 constexpr qsizetype kHoldersAtATime = 200;
-/// The `Label` of a key without a Key ID.
-const QString kUnnamed(19, u' ');
 
 /// What the lists show of a key.
 struct NamedKey {

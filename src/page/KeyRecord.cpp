@@ -5,17 +5,11 @@
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
 #include "store/Scramble.h"
+#include "store/SystemTables.h"
 
 #include <algorithm>
 
 namespace quorrel {
-
-namespace {
-
-constexpr int kKeyIDWidth = 12;
-constexpr int kDepartmentWidth = 34;
-
-} // namespace
 
 void KeyRecord::Open(int cell, bool quiet) {
     m_cell = cell;

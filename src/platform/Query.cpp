@@ -33,6 +33,12 @@ Query& Query::TestAny(const char* column, const List& values) {
     return *this;
 }
 
+Query& Query::WhereEmpty(const char* column) {
+    m_where += (m_where.empty() ? " WHERE (" : " AND (") + Quoted(column) + " = '' OR " +
+               Quoted(column) + " IS NULL)";
+    return *this;
+}
+
 Query& Query::WhereAny(const char* column, const QStringList& values) {
     return TestAny(column, values);
 }
@@ -47,6 +53,14 @@ Query& Query::WhereTrimmed(const char* column, const QString& text) {
     Test(column, " < ", text + QChar(u' ' + 1));
     m_where += " AND RTRIM(" + Quoted(column) + ") = " + Bind(text);
     return *this;
+}
+
+Query& Query::WhereBegins(const char* column, const QString& text) {
+    // A text cut within a character is looked up without the half of it.
+    const bool cut = !text.isEmpty() && text.back().isHighSurrogate();
+    const QString whole = cut ? text.chopped(1) : text;
+    Test(column, " >= ", whole);
+    return Test(column, " < ", whole + QString::fromUcs4(U"\U0010FFFF", 1));
 }
 
 Query& Query::OrderBy(const char* column, bool descending) {

@@ -20,10 +20,15 @@ public:
     Query& WhereNot(const char* column, const QString& value) {
         return Test(column, " <> ", value);
     }
+    /// Rows whose text is empty or was never given.
+    Query& WhereEmpty(const char* column);
     Query& WhereAny(const char* column, const QStringList& values);
     Query& WhereKeys(const std::vector<RowKey>& keys);
     /// Rows whose text is this one, but for blanks on its right. An index on the column serves.
     Query& WhereTrimmed(const char* column, const QString& text);
+    /// Rows whose text begins with this one, capitals told from small letters. An index on the
+    /// column serves.
+    Query& WhereBegins(const char* column, const QString& text);
     Query& OrderBy(const char* column, bool descending = false);
 
     /// The WHERE clause, empty when everything is selected.

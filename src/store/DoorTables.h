@@ -7,6 +7,12 @@
 
 namespace quorrel {
 
+/// Colour of a door's target on its map unless another was chosen: cyan, in blue-green-red order.
+inline constexpr int kTargetColour = 0xFFFF00;
+
+/// Step from the `DoorID`s of one system to those of the next.
+inline constexpr int kDoorIDStep = 10000;
+
 /// One door.
 struct DoorsRow {
     using Self = DoorsRow;

@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/Database.h"
 #include "platform/ForeignTable.h"
+#include "store/DoorTables.h"
 #include "store/ProgramTables.h"
 
 #include <QString>
@@ -65,7 +66,18 @@ struct Session {
     int MapFilingNumber = 0; ///< the number that its maps are filed under
     int CurrentPage = 0;
 
+    // The door in hand, as the map page takes it over.
+    double CurrentDoorID = 0; ///< 0: none
+    QString CurrentDoorLabel;
+    int CurrentDoorLinkMapID = 0; ///< map that the door lies on; 0: none
+    double CurrentDoorX = 0;      ///< pixels on the map
+    double CurrentDoorY = 0;
+    int CurrentDoorColour = kTargetColour; ///< of its target, in blue-green-red order
+    QString MapDoorLabel;
+    QString MapDoorKeyID;
+
     // Doors and holders.
+    bool FindOpensKey = false;    ///< the holders' form comes up for a key that was searched
     double HighDoorNumber = 0;    ///< highest running number of a door that was met
     bool DepartmentFound = false; ///< a department typed for a new holder was known already
 

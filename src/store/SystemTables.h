@@ -7,6 +7,15 @@
 
 namespace quorrel {
 
+/// Characters of a Key ID, wherever one is stored.
+inline constexpr int kKeyIDWidth = 12;
+
+/// Characters of a department's name, wherever one is stored.
+inline constexpr int kDepartmentWidth = 34;
+
+/// The `Label` of a key without a Key ID.
+inline const QString kUnnamed(19, u' ');
+
 /// One key system.
 struct KeySystemRow {
     using Self = KeySystemRow;

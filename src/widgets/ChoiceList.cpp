@@ -1,32 +1,11 @@
 #include "widgets/ChoiceList.h"
 
+#include "widgets/LineDelegate.h"
+
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QStyledItemDelegate>
-
-#include <algorithm>
 
 namespace quorrel {
-
-namespace {
-
-/// Gives every line the room of the longest, which alone is measured.
-class LineDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const QStringList lines = static_cast<const QStringListModel*>(index.model())->stringList();
-        const auto longest =
-            std::max_element(lines.begin(), lines.end(), [](const QString& a, const QString& b) {
-                return a.size() < b.size();
-            });
-        return QStyledItemDelegate::sizeHint(
-            option, index.siblingAtRow(static_cast<int>(longest - lines.begin())));
-    }
-};
-
-} // namespace
 
 ChoiceList::ChoiceList(QWidget* parent) : QListView(parent) {
     QFont columns = QFontDatabase::systemFont(QFontDatabase::FixedFont);

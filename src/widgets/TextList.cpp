@@ -1,5 +1,7 @@
 #include "widgets/TextList.h"
 
+#include "widgets/LineDelegate.h"
+
 #include <QFontDatabase>
 #include <QKeyEvent>
 
@@ -7,6 +9,7 @@ namespace quorrel {
 
 TextList::TextList(QWidget* parent) : QListView(parent) {
     setModel(&m_lines);
+    setItemDelegate(new LineDelegate(this));
     setUniformItemSizes(true);
     // Lines are laid out in columns of characters.
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));

@@ -1,5 +1,6 @@
 #include "access/Departments.h"
 #include "access/HardwareDescriptions.h"
+#include "doors/DoorLists.h"
 #include "page/PageView.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
@@ -168,7 +169,7 @@ TEST(HardwareDescriptions, AreReplacedInOneSystemOrInAll) {
                                            {2, QStringLiteral("Rim")},
                                            {1, QStringLiteral("Rim ")}})
         add(system, hardware);
-    EXPECT_EQ(ListHardware(session), (QStringList{odd, "Rim", "rim", "Rim "}));
+    EXPECT_EQ(ListHardwareTypes(session), (QStringList{odd, "Rim", "rim", "Rim "}));
     const auto stored = [&] {
         QStringList texts;
         for (const DoorsRow& door : Recordset<DoorsRow>(session.Keys()).Rows())
@@ -180,7 +181,7 @@ TEST(HardwareDescriptions, AreReplacedInOneSystemOrInAll) {
     EXPECT_EQ(stored(), (QStringList{odd, longer, odd, "rim", "", "Rim", "Rim "}));
     ReplaceHardware(session, odd, "Rim", true);
     EXPECT_EQ(stored(), (QStringList{"Rim", longer, "Rim", "rim", "", "Rim", "Rim "}));
-    EXPECT_EQ(ListHardware(session), (QStringList{"Rim", longer, "rim", "Rim "}));
+    EXPECT_EQ(ListHardwareTypes(session), (QStringList{"Rim", longer, "rim", "Rim "}));
 }
 
 } // namespace

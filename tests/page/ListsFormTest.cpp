@@ -157,6 +157,7 @@ TEST_F(SideLists, AListIsFilledByItsButtonItsBoxAndItself) {
 TEST_F(SideLists, DoorsAndHoldersLeadToTheirForms) {
     AddDoor("East  gate", "LONGNAME-1");
     HandOut("1001");
+    main->OfferForms({});
     QStringList wanted;
     QObject::connect(main, &frmMain::DoorWanted, [&](const QString& door) { wanted += door; });
     QObject::connect(main, &frmMain::KeyUserWanted, [&](const QString& id) { wanted += id; });

@@ -4,12 +4,15 @@
 //   workstation FOLDER delete NAME          deletes a key system; prints "deleted"
 //   workstation FOLDER list                 prints "NAME: PATTERNS" for each key system
 //   workstation FOLDER hold MILLISECONDS    holds the write lock; prints "holding" when it has it
+//   workstation FOLDER office SEED COUNT    acts COUNT times on key units at random; prints what
+//                                           was done so far after each
 //   workstation FOLDER open-as-nobody       opens the files as a user without the right to write
 //
 // Fails with exit code 1 and a message on standard error.
 
 #include "platform/Recordset.h"
 #include "start/Startup.h"
+#include "support/KeyBooks.h"
 #include "systems/KeySystems.h"
 #include "systems/NewSystem.h"
 
@@ -72,6 +75,20 @@ void Hold(Session& session, unsigned long milliseconds) {
     QThread::msleep(milliseconds);
 }
 
+/// Deals with key units of the first system at random, telling after each action how often each
+/// kind was done.
+void Office(Session& session, unsigned seed, int actions) {
+    OpenKeySystem(session, ListKeySystems(session).at(0));
+    session.SessionPermissions.AddEditKeyUsers = true;
+    test::BusyOffice office(session, seed);
+    while (actions-- > 0) {
+        office.Act();
+        const auto& done = office.Done();
+        std::cout << done.issued << ' ' << done.assigned << ' ' << done.returned << ' ' << done.lost
+                  << ' ' << done.deleted << std::endl;
+    }
+}
+
 void BecomeNobody() {
 #ifdef Q_OS_UNIX
     constexpr uid_t nobody = 65534;
@@ -96,6 +113,8 @@ void Run(const QString& folder, const QString& verb, int argc, char** argv) {
         List(session);
     else if (verb == QLatin1String("hold") && argc == 4)
         Hold(session, std::stoul(argv[3]));
+    else if (verb == QLatin1String("office") && argc == 5)
+        Office(session, static_cast<unsigned>(std::stoul(argv[3])), std::stoi(argv[4]));
 }
 
 } // namespace

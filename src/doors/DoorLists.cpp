@@ -1,0 +1,187 @@
+#include "doors/DoorLists.h"
+
+#include "platform/Recordset.h"
+#include "platform/Text.h"
+#include "store/DoorTables.h"
+#include "store/SystemTables.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace quorrel {
+
+namespace {
+
+/// What the lists tell of a door.
+struct ListedDoor {
+    using Self = ListedDoor;
+    RowKey key = 0;
+    double DoorID = 0;
+    QString DoorLabel;
+    QString DoorDescription;
+
+    static constexpr const char* kTable = "Doors";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(DoorID), QUORREL_COLUMN(DoorLabel),
+                          QUORREL_COLUMN(DoorDescription)};
+    }
+
+    bool Hidden() const { return IsNoValue(DoorLabel + QStringLiteral("  ")); }
+    QString Line() const { return DoorLine(DoorLabel, DoorDescription); }
+};
+
+/// A door and the key that it is assigned to.
+struct AssignedDoor {
+    using Self = AssignedDoor;
+    RowKey key = 0;
+    QString DoorLabel;
+    QString DoorDescription;
+    QString CutsLabel;
+
+    static constexpr const char* kTable = "Doors";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(DoorDescription),
+                          QUORREL_COLUMN(CutsLabel)};
+    }
+};
+
+/// What the lists tell of a key.
+struct ListedKey {
+    using Self = ListedKey;
+    RowKey key = 0;
+    QString Label;
+    QString Description;
+
+    static constexpr const char* kTable = "Patterns";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(Label), QUORREL_COLUMN(Description)};
+    }
+};
+
+/// The hardware of a door.
+struct DoorHardware {
+    using Self = DoorHardware;
+    RowKey key = 0;
+    QString Text1;
+
+    static constexpr const char* kTable = "Doors";
+    static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(Text1)}; }
+};
+
+Query OfSystem(const Session& session) {
+    return Query().Where("SystemNumber", session.ActiveSystemNumber);
+}
+
+bool Begins(const QString& text, const QString& upper) {
+    return text.left(upper.size()).toUpper() == upper;
+}
+
+/// Calls `visit` for each door that is not hidden.
+template <class Visit>
+void WalkDoors(Session& session, Visit&& visit) {
+    const double base = static_cast<double>(session.ActiveSystemNumber) * kDoorIDStep;
+    Recordset<ListedDoor>(session.Keys(), OfSystem(session)).Walk([&](const ListedDoor& door) {
+        if (door.Hidden())
+            return true;
+        session.HighDoorNumber = std::max(session.HighDoorNumber, door.DoorID - base);
+        visit(door);
+        return true;
+    });
+}
+
+/// Calls `visit` for each change key that has a Key ID.
+template <class Visit>
+void WalkKeys(Session& session, Visit&& visit) {
+    Recordset<ListedKey>(session.Keys(), OfSystem(session)
+                                             .Where("Master", 0)
+                                             .WhereNot("Label", kUnnamed)
+                                             .OrderBy("PageNumber")
+                                             .OrderBy("Position"))
+        .Walk([&](const ListedKey& key) {
+            if (!key.Label.isEmpty() && key.Label[0] != u' ')
+                visit(key);
+            return true;
+        });
+}
+
+QString KeyColumn(const QString& label) {
+    return Left(label + QString(10, u' '), kKeyColumn);
+}
+
+} // namespace
+
+QString DoorLine(const QString& label, const QString& description) {
+    return Padded(label, kDoorColumn) + description;
+}
+
+DoorList ListDoors(Session& session) {
+    DoorList list;
+    WalkDoors(session, [&](const ListedDoor& door) {
+        list.labels.append(door.DoorLabel);
+        list.lines.append(door.Line());
+    });
+    return list;
+}
+
+QStringList SearchDoors(Session& session, const QString& text) {
+    const QString upper = text.toUpper();
+    QStringList lines;
+    WalkDoors(session, [&](const ListedDoor& door) {
+        if (Begins(door.DoorLabel, upper))
+            lines.append(door.Line());
+    });
+    return lines;
+}
+
+QStringList ListKeyableKeys(Session& session) {
+    QStringList lines;
+    WalkKeys(session, [&](const ListedKey& key) {
+        const QString blanks(2, u' ');
+        QString description = key.Description;
+        description.replace(QStringLiteral("\r\n"), blanks).replace(u'\n', blanks);
+        lines.append(KeyColumn(key.Label) + description);
+    });
+    return lines;
+}
+
+QStringList SearchKeyableKeys(Session& session, const QString& text) {
+    const QString upper = text.toUpper();
+    QStringList lines;
+    WalkKeys(session, [&](const ListedKey& key) {
+        if (Begins(key.Label, upper))
+            lines.append(KeyColumn(key.Label) + key.Description);
+    });
+    return lines;
+}
+
+QStringList ListHardwareTypes(Session& session) {
+    QStringList types;
+    QSet<QString> known;
+    Recordset<DoorHardware>(session.Keys()).Walk([&](const DoorHardware& door) {
+        if (!door.Text1.isEmpty() && !known.contains(door.Text1)) {
+            known.insert(door.Text1);
+            types.append(door.Text1);
+        }
+        return true;
+    });
+    return types;
+}
+
+QStringList ListKeyedDoors(Session& session, const QString& keyLine) {
+    QStringList lines;
+    if (keyLine.isEmpty())
+        return lines;
+    const QString keyID = Padded(keyLine, kKeyColumn);
+    Recordset<AssignedDoor>(session.Keys(),
+                            OfSystem(session).WhereBegins("CutsLabel", RightTrimmed(keyID)))
+        .Walk([&](const AssignedDoor& door) {
+            if (Padded(door.CutsLabel, kKeyColumn) == keyID &&
+                !IsNoValue(door.DoorLabel + QStringLiteral("  ")))
+                lines.append(DoorLine(door.DoorLabel, door.DoorDescription));
+            return true;
+        });
+    return lines;
+}
+
+} // namespace quorrel

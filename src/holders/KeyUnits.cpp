@@ -1,0 +1,376 @@
+#include "holders/KeyUnits.h"
+
+#include "engine/PageGeometry.h"
+#include "holders/KeyHolders.h"
+#include "holders/UnitOrder.h"
+#include "platform/Recordset.h"
+#include "platform/Text.h"
+#include "store/DayNumber.h"
+#include "store/SystemTables.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace quorrel {
+
+namespace {
+
+constexpr int kUnitWidth = 12; ///< characters by which two units are told apart
+constexpr int kNoteWidth = 50;
+constexpr int kPositionsListed = 150;
+constexpr qint64 kUnitsOfASystem = 100000;
+constexpr int kHighestUnit = 32767;
+/// How many holders are looked up at a time.
+constexpr qsizetype kHoldersAtATime = 200;
+
+/// What the list shows of a key.
+struct ListedKey {
+    using Self = ListedKey;
+    RowKey key = 0;
+    int Position = 0;
+    QString Label, Description;
+
+    static constexpr const char* kTable = "Patterns";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(Position), QUORREL_COLUMN(Label),
+                          QUORREL_COLUMN(Description)};
+    }
+};
+
+/// What is shown of a holder beside a unit.
+struct NamedHolder {
+    using Self = NamedHolder;
+    RowKey key = 0;
+    QString UserIDNumber, Firstname, Lastname;
+
+    static constexpr const char* kTable = "KeyUsers";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
+                          QUORREL_COLUMN(Lastname)};
+    }
+
+    /// What a line of a held unit says of its holder.
+    QString Text() const { return UserIDNumber + u' ' + Lastname + u' ' + Firstname; }
+};
+
+Query OfSystem(const Session& session) {
+    return Query().Where("SystemNumber", session.ActiveSystemNumber);
+}
+
+Query OfKey(const Session& session, const QString& keyID) {
+    return OfSystem(session).WhereTrimmed("KeyID", RightTrimmed(keyID.left(kKeyIDWidth)));
+}
+
+bool SameUnit(const QString& one, const QString& other) {
+    return Padded(one, kUnitWidth) == Padded(other, kUnitWidth);
+}
+
+/// The unit itself, whatever became of it.
+QString WithoutSuffix(const QString& unit) {
+    for (const QString& suffix : {kReturned, kLost})
+        if (unit.endsWith(suffix))
+            return unit.chopped(suffix.size());
+    return unit;
+}
+
+bool IsHeld(Session& session, const QString& keyID, const QString& unit) {
+    return !Recordset<UsertoUnitRow>(session.Keys(), OfKey(session, keyID).Where("UnitID", unit))
+                .Empty();
+}
+
+/// The holders of some numbers, in table order.
+QHash<QString, QStringList> TextsOfHolders(Session& session, const QStringList& numbers) {
+    QHash<QString, QStringList> texts;
+    for (qsizetype at = 0; at < numbers.size(); at += kHoldersAtATime)
+        Recordset<NamedHolder>(
+            session.Keys(),
+            OfSystem(session).WhereAny("UserIDNumber", numbers.mid(at, kHoldersAtATime)))
+            .Walk([&](const NamedHolder& holder) {
+                texts[holder.UserIDNumber].append(holder.Text());
+                return true;
+            });
+    return texts;
+}
+
+/// Deletes the first broken row, in the order of keys and units. Gives it.
+std::optional<UsertoUnitRow> RepairBrokenRow(Session& session) {
+    const auto broken = [&] {
+        return Recordset<UsertoUnitRow>(
+                   session.Keys(),
+                   OfSystem(session).WhereEmpty("UserID").OrderBy("KeyID").OrderBy("UnitID"))
+            .First();
+    };
+    if (!broken())
+        return std::nullopt;
+    Transaction transaction(session.Keys());
+    const auto row = broken();
+    if (row)
+        Recordset<UsertoUnitRow>(session.Keys(), Query().Where("RowKey", row->key)).DeleteAll();
+    transaction.Commit();
+    return row;
+}
+
+void AddUnit(Session& session, const QString& keyID, const QString& unit, qint64& high) {
+    const qint64 base = session.ActiveSystemNumber * kUnitsOfASystem;
+    if (high < base)
+        high += base;
+    KeyUnitRow row;
+    row.UnitIDNumber = ++high;
+    row.UnitID = unit;
+    row.KeyID = Padded(keyID, kKeyIDWidth);
+    row.SystemNumber = session.ActiveSystemNumber;
+    Recordset<KeyUnitRow>::Add(session.Keys(), row);
+}
+
+/// Adds one row to the log of returned or of lost keys.
+template <class Log>
+void AddToLog(Session& session, int Log::*number, const char* column, const QString& keyID,
+              const QString& unit, const KeyUsersRow& holder, const QString& note) {
+    const QDateTime now = session.clock();
+    Log row;
+    row.*number = static_cast<int>(Recordset<Log>(session.Keys()).Largest(column) + 1);
+    row.Date = now.date().toString(Qt::ISODate);
+    row.Time = now.time().toString(Qt::ISODate);
+    row.KeyID = Padded(keyID, kKeyIDWidth);
+    row.UnitID = unit;
+    row.UserName = holder.Lastname + QStringLiteral(", ") + holder.Firstname;
+    row.UserDepartment = holder.Department;
+    row.LoggedUser = session.LoggedUser;
+    row.Report = note.left(kNoteWidth);
+    row.SystemNumber = session.ActiveSystemNumber;
+    Recordset<Log>::Add(session.Keys(), row);
+}
+
+} // namespace
+
+QStringList ListKeys(Session& session, const QString& begin) {
+    const QString wanted = begin.toUpper();
+    QStringList lines;
+    Recordset<ListedKey>(session.Keys(), OfSystem(session)
+                                             .WhereNot("Label", kUnnamed)
+                                             .WhereBelow("Position", kPositionsListed)
+                                             .OrderBy("PageNumber")
+                                             .OrderBy("Position"))
+        .Walk([&](const ListedKey& key) {
+            if (key.Label.isEmpty() || key.Label[0] == u' ' ||
+                key.Label.left(begin.size()).toUpper() != wanted)
+                return true;
+            QString description = key.Description;
+            description.replace(QStringLiteral("\r\n"), QStringLiteral("  "));
+            for (const char16_t end : {u'\r', u'\n', u'\u2028', u'\u2029'})
+                description.replace(QString(QChar(end)), QStringLiteral("  "));
+            lines.append(Padded(key.Label, kKeyIDWidth) + QStringLiteral("-  ") + description);
+            return true;
+        });
+    return lines;
+}
+
+FreeUnits ListFreeUnits(Session& session, const QString& keyID) {
+    FreeUnits found;
+    if (keyID.trimmed().isEmpty())
+        return found;
+    QSet<QString> held;
+    Recordset<UsertoUnitRow>(session.Keys(), OfKey(session, keyID))
+        .Walk([&](const UsertoUnitRow& row) {
+            held.insert(row.UnitID);
+            return true;
+        });
+    double high = 0;
+    Recordset<KeyUnitRow>(session.Keys(), OfKey(session, keyID).OrderBy("UnitIDNumber"))
+        .Walk([&](const KeyUnitRow& row) {
+            const double value = Val(row.UnitID);
+            if (value > high || (high == 0 && found.last < row.UnitID)) {
+                high = value;
+                found.last = row.UnitID;
+            }
+            if (!row.UnitID.isEmpty() && !held.contains(row.UnitID))
+                found.units.append(row.UnitID);
+            return true;
+        });
+    SortUnits(found.units);
+    return found;
+}
+
+HeldUnits ListHeldUnits(Session& session, const QString& keyID) {
+    HeldUnits held;
+    const auto broken = RepairBrokenRow(session);
+    if (broken)
+        held.repaired = QStringLiteral(" Error found for Key %1 - Unit %2 - Record Deleted.")
+                            .arg(broken->KeyID, broken->UnitID);
+    if (keyID.trimmed().isEmpty())
+        return held;
+    const auto rows = Recordset<UsertoUnitRow>(
+                          session.Keys(), OfKey(session, keyID).OrderBy("KeyID").OrderBy("UnitID"))
+                          .Rows();
+    QStringList numbers;
+    for (const UsertoUnitRow& row : rows)
+        numbers.append(row.UserID);
+    numbers.removeDuplicates();
+    const auto holders = TextsOfHolders(session, numbers);
+    for (const UsertoUnitRow& row : rows) {
+        // The list ends where the broken row stood.
+        if (broken && std::pair(row.KeyID, row.UnitID) >= std::pair(broken->KeyID, broken->UnitID))
+            return held;
+        for (const QString& holder : holders.value(row.UserID))
+            held.lines.append(row.UnitID + QStringLiteral(" - ") + holder);
+    }
+    if (!broken)
+        SortHeldUnits(held.lines);
+    return held;
+}
+
+QStringList ListUnitsOf(Session& session, const QString& number) {
+    QStringList lines;
+    if (number.isEmpty())
+        return lines;
+    Recordset<UsertoUnitRow>(
+        session.Keys(),
+        OfSystem(session).Where("UserID", number).OrderBy("KeyID").OrderBy("UnitID"))
+        .Walk([&](const UsertoUnitRow& row) {
+            const QString day =
+                row.KeyUsersID == 0 ? QString() : QStringLiteral(" - ") + DayText(row.KeyUsersID);
+            lines.append(row.KeyID + QStringLiteral("  ") + row.UnitID + QStringLiteral("  ") +
+                         Padded(day, 14));
+            return true;
+        });
+    return lines;
+}
+
+Issued IssueUnits(Session& session, const QString& keyID, const QString& first,
+                  const QString& last) {
+    Issued issued;
+    if (!session.SessionPermissions.AddEditKeyUsers) {
+        issued.outcome = Issued::Outcome::NoRight;
+        return issued;
+    }
+    const bool run = !last.isEmpty();
+    if (run && (first.isEmpty() || !first[0].isDigit())) {
+        issued.outcome = Issued::Outcome::NoNumber;
+        return issued;
+    }
+    if (run && (Val(first) > kHighestUnit || Val(last) > kHighestUnit)) {
+        issued.outcome = Issued::Outcome::TooMany;
+        return issued;
+    }
+    Transaction transaction(session.Keys());
+    // A unit that was returned or lost is still there under its number.
+    QSet<QString> existing;
+    Recordset<KeyUnitRow>(session.Keys(), OfKey(session, keyID)).Walk([&](const KeyUnitRow& row) {
+        existing.insert(Padded(WithoutSuffix(row.UnitID), kUnitWidth));
+        return true;
+    });
+    qint64 high = Recordset<KeyUnitRow>(session.Keys(), OfSystem(session)).Largest("UnitIDNumber");
+    const auto issue = [&](const QString& unit) {
+        if (existing.contains(Padded(unit, kUnitWidth)))
+            return false;
+        AddUnit(session, keyID, unit, high);
+        ++issued.count;
+        issued.lastUnit = unit;
+        return true;
+    };
+    if (!run && !issue(first))
+        issued.outcome = Issued::Outcome::Exists;
+    for (int number = IntVal(first); run && number <= IntVal(last); ++number)
+        issue(QString::number(number));
+    transaction.Commit();
+    return issued;
+}
+
+UnitDone AssignUnit(Session& session, const QString& keyID, const QString& unit,
+                    const KeyUsersRow& holder) {
+    if (unit.endsWith(QLatin1String("LOST!")))
+        return UnitDone::Lost;
+    if (!session.SessionPermissions.AddEditKeyUsers)
+        return UnitDone::NoRight;
+    Database& keys = session.Keys();
+    Transaction transaction(keys);
+    if (!FindHolder(session, holder.UserIDNumber))
+        return UnitDone::NoHolder;
+    const QString plain = unit.endsWith(kReturned) ? unit.chopped(kReturned.size()) : unit;
+    auto row = Recordset<KeyUnitRow>(
+                   keys, OfKey(session, keyID).Where("UnitID", unit).OrderBy("UnitIDNumber"))
+                   .First();
+    if (!row || IsHeld(session, keyID, plain))
+        return UnitDone::Changed;
+    UsertoUnitRow held;
+    held.UTUID =
+        static_cast<int>(Recordset<UsertoUnitRow>(keys, OfSystem(session)).Largest("UTUID") + 1);
+    held.KeyID = Padded(keyID, kKeyIDWidth);
+    held.UnitID = plain;
+    held.UserID = holder.UserIDNumber;
+    held.UserIDDouble = holder.UserIDDouble;
+    held.KeyUsersID = DayNumber(session.clock().date());
+    held.SystemNumber = session.ActiveSystemNumber;
+    Recordset<UsertoUnitRow>::Add(keys, held);
+    row->UnitID = plain;
+    Recordset<KeyUnitRow>::Update(keys, *row);
+    transaction.Commit();
+    return UnitDone::Done;
+}
+
+std::vector<KeyUsersRow> HoldersOfLine(Session& session, const QString& line) {
+    std::vector<KeyUsersRow> holders;
+    Recordset<NamedHolder>(session.Keys(), OfSystem(session)).Walk([&](const NamedHolder& row) {
+        if (line.contains(QStringLiteral(" - ") + row.Text()))
+            if (auto holder = FindHolder(session, row.UserIDNumber))
+                holders.push_back(*holder);
+        return true;
+    });
+    return holders;
+}
+
+UnitDone TakeBackUnit(Session& session, const QString& keyID, const QString& line,
+                      const KeyUsersRow& holder, const QString& note, bool lost) {
+    if (!session.SessionPermissions.AddEditKeyUsers)
+        return UnitDone::NoRight;
+    Database& keys = session.Keys();
+    Transaction transaction(keys);
+    std::optional<QString> unit;
+    for (const UsertoUnitRow& row :
+         Recordset<UsertoUnitRow>(keys, OfKey(session, keyID).OrderBy("KeyID").OrderBy("UnitID"))
+             .Rows()) {
+        if (!line.startsWith(row.UnitID + QStringLiteral(" - ") + row.UserID))
+            continue;
+        Recordset<UsertoUnitRow>(keys, Query().Where("RowKey", row.key)).DeleteAll();
+        unit = row.UnitID;
+    }
+    if (!unit)
+        return UnitDone::Changed;
+    if (lost)
+        AddToLog(session, &LostKeysRow::LostID, "LostID", keyID, *unit, holder, note);
+    else
+        AddToLog(session, &ReturnKeyRow::ReturnID, "ReturnID", keyID, *unit, holder, note);
+    auto row = Recordset<KeyUnitRow>(
+                   keys, OfKey(session, keyID).Where("UnitID", *unit).OrderBy("UnitIDNumber"))
+                   .First();
+    if (row) {
+        row->UnitID = *unit + (lost ? kLost : kReturned);
+        Recordset<KeyUnitRow>::Update(keys, *row);
+    }
+    transaction.Commit();
+    return UnitDone::Done;
+}
+
+UnitDone DeleteUnit(Session& session, const QString& keyID, const QString& unit) {
+    if (!session.SessionPermissions.AddEditKeyUsers)
+        return UnitDone::NoRight;
+    Database& keys = session.Keys();
+    Transaction transaction(keys);
+    if (IsHeld(session, keyID, unit))
+        return UnitDone::Changed;
+    for (const UsertoUnitRow& row : Recordset<UsertoUnitRow>(keys, OfKey(session, keyID)).Rows())
+        if (SameUnit(row.UnitID, unit))
+            Recordset<UsertoUnitRow>(keys, Query().Where("RowKey", row.key)).DeleteAll();
+    bool found = false;
+    for (const KeyUnitRow& row : Recordset<KeyUnitRow>(keys, OfKey(session, keyID)).Rows())
+        if (SameUnit(row.UnitID, unit)) {
+            Recordset<KeyUnitRow>(keys, Query().Where("RowKey", row.key)).DeleteAll();
+            found = true;
+        }
+    if (!found)
+        return UnitDone::Changed;
+    transaction.Commit();
+    return UnitDone::Done;
+}
+
+} // namespace quorrel
