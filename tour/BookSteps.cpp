@@ -1,5 +1,6 @@
 #include "Tour.h"
 
+#include "holders/KeyLogs.h"
 #include "platform/Recordset.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
@@ -14,30 +15,28 @@ namespace quorrel::tour {
 
 namespace {
 
-/// Lines of a log, as taking key units back writes them.
-template <class Row>
-void RecordLog(Session& session, int Row::*id) {
-    Row row;
-    row.SystemNumber = session.ActiveSystemNumber;
-    row.LoggedUser = QStringLiteral("Administrator");
+/// Lines of a log, as other workstations wrote them when they took key units back.
+void RecordLog(Session& session, KeyLog log) {
     const struct {
         const char *date, *time, *keyID, *unitID, *userName, *department, *report;
     } lines[] = {
-        {"2026-01-12", "09:14:02", "A1-101", "3", "Marsh, Edith", "SCHOOL", "Left the school"},
+        {"2026-01-12", "09:14:02", "A1-102", "3", "Marsh, Edith", "SCHOOL", "Left the school"},
         {"2026-02-03", "16:40:55", "A1-102", "1", "O'Dell, Sam", "SCHOOL", "Report 2026/017"},
-        {"2026-02-03", "16:52:10", "A1-M1", "2", "Winter, Rosa", "HOUSEKEEPING", "Report 2026/018"},
-        {"2026-03-09", "08:05:31", "A1-101", "4", "Bell, Tom", "SCHOOL", "Bent in the lock"}};
+        {"2026-02-03", "16:52:10", "A1-M1", "2", "Winter, Rosa", "GROUNDS", "Report 2026/018"}};
+    std::vector<LogChange> changes;
     for (const auto& line : lines) {
-        ++(row.*id);
-        row.Date = QLatin1String(line.date);
-        row.Time = QLatin1String(line.time);
-        row.KeyID = QString::fromLatin1(line.keyID).leftJustified(12);
-        row.UnitID = QLatin1String(line.unitID);
-        row.UserName = QLatin1String(line.userName);
-        row.UserDepartment = QLatin1String(line.department);
-        row.Report = QLatin1String(line.report);
-        Recordset<Row>::Add(session.Keys(), row);
+        LogChange change;
+        change.wanted.texts = {QLatin1String(line.date),
+                               QLatin1String(line.time),
+                               QString::fromLatin1(line.keyID).leftJustified(12),
+                               QLatin1String(line.unitID),
+                               QLatin1String(line.userName),
+                               QLatin1String(line.department),
+                               QLatin1String(line.report),
+                               QStringLiteral("Porter")};
+        changes.push_back(change);
     }
+    WriteLog(session, log, changes);
 }
 
 /// Types into a cell of the grid.
@@ -54,7 +53,7 @@ void TypeInto(Walker& walker, int row, int column, const QString& text) {
 
 void CorrectLostKeys(Tour& tour) {
     Walker& walker = tour.walker;
-    RecordLog(tour.session, &LostKeysRow::LostID);
+    RecordLog(tour.session, KeyLog::Lost);
     walker.ChooseFromMenu("mnuFind", "mnuLost");
     walker.Enter("frmDBLostKeys");
     walker.ExpectGone("frmMain");
@@ -64,9 +63,9 @@ void CorrectLostKeys(Tour& tour) {
     QHeaderView* heads = grid.horizontalHeader();
     QTest::mouseClick(heads->viewport(), Qt::LeftButton, {},
                       QPoint(heads->sectionViewportPosition(2) + 10, heads->height() / 2));
-    walker.Check(grid.model()->index(1, 3).data() == QStringLiteral("4"),
+    walker.Check(grid.model()->index(0, 6).data() == QStringLiteral("police report 118"),
                  QStringLiteral("The log is not sorted by its keys"));
-    TypeInto(walker, 1, 3, QStringLiteral("14"));
+    TypeInto(walker, 1, 3, QStringLiteral("13"));
     walker.Click(QStringLiteral("cmdAdd"));
     TypeInto(walker, 4, 0, QStringLiteral("2026-03-14"));
     walker.Picture(QStringLiteral("log-pending"));
@@ -84,7 +83,7 @@ void CorrectLostKeys(Tour& tour) {
 
 void ReadReturnedKeys(Tour& tour) {
     Walker& walker = tour.walker;
-    RecordLog(tour.session, &ReturnKeyRow::ReturnID);
+    RecordLog(tour.session, KeyLog::Returned);
     walker.ChooseFromMenu("mnuFind", "mnuReturned");
     walker.Enter("frmDBReturnKey");
     walker.Click(QStringLiteral("cmdLast"));
@@ -100,7 +99,7 @@ void ReadReturnedKeys(Tour& tour) {
 void RenameDepartment(Tour& tour) {
     Walker& walker = tour.walker;
     DepartmentRow department;
-    department.Department = QStringLiteral("HOUSEKEEPING");
+    department.Department = QStringLiteral("GROUNDS");
     department.SystemNumber = tour.session.ActiveSystemNumber;
     Recordset<DepartmentRow>::Add(tour.session.Keys(), department);
     walker.Click(QStringLiteral("ChgKey_0"));
@@ -115,7 +114,7 @@ void RenameDepartment(Tour& tour) {
     walker.Picture(QStringLiteral("department-renaming"));
     walker.Click(QStringLiteral("cmdSave"));
     walker.ClickLine(QStringLiteral("lstDepartment"), 0);
-    walker.ExpectBox(QStringLiteral("delete HOUSEKEEPING?"), QMessageBox::Yes,
+    walker.ExpectBox(QStringLiteral("delete GROUNDS?"), QMessageBox::Yes,
                      QStringLiteral("department-question"));
     walker.Click(QStringLiteral("cmdDelete"));
     CheckHelp(tour, "frmDepartments", help::kDepartments);
@@ -129,17 +128,15 @@ void ReplaceHardware(Tour& tour) {
     DoorsRow door;
     door.SystemNumber = tour.session.ActiveSystemNumber;
     door.DoorLabel = QStringLiteral("Store room");
-    for (const char* hardware : {"Mortice lock, 60 mm", "Mortise lock 60mm", "Rim night latch"}) {
-        door.Text1 = QLatin1String(hardware);
-        Recordset<DoorsRow>::Add(tour.session.Keys(), door);
-    }
+    door.Text1 = QStringLiteral("Mortise lock 70mm");
+    Recordset<DoorsRow>::Add(tour.session.Keys(), door);
     walker.ChooseFromMenu("mnuUsers", "mnuEditHardware");
     walker.Enter("frmEditHardware");
-    walker.Type(QStringLiteral("cmbHardware"), QStringLiteral("Mortise lock 60mm"));
-    walker.Type(QStringLiteral("txtChangeTo"), QStringLiteral("Mortice lock, 60 mm"));
+    walker.Type(QStringLiteral("cmbHardware"), QStringLiteral("Mortise lock 70mm"));
+    walker.Type(QStringLiteral("txtChangeTo"), QStringLiteral("Mortice lock, 70 mm backset"));
     walker.Picture(QStringLiteral("hardware"));
     walker.Click(QStringLiteral("cmdSave"));
-    walker.CheckText(QStringLiteral("lblHardware"), QStringLiteral("Mortice lock, 60 mm"));
+    walker.CheckText(QStringLiteral("lblHardware"), QStringLiteral("Mortice lock, 70 mm backset"));
     CheckHelp(tour, "frmEditHardware", help::kHardware);
     walker.Click(QStringLiteral("cmdExit"));
     walker.Enter("frmMain");

@@ -101,9 +101,9 @@ void Walk(const Options& options) {
     WalkPages(tour);
     WalkPinning(tour);
     WalkLists(tour);
-    WalkBooks(tour);
     WalkHolders(tour);
     WalkDoors(tour);
+    WalkBooks(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkCore(tour);
