@@ -83,8 +83,8 @@ void frmDepartments::Delete() {
     const QString name = ui->lstDepartment->CurrentText();
     if (!m_session.SessionPermissions.AlterKeyInformation || name.isEmpty())
         return;
-    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(name),
-                                  m_session.ProgramTitle))
+    if (!m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(name),
+                                      m_session.ProgramTitle))
         return;
     const BusyPointer busy;
     const int row = ui->lstDepartment->CurrentRow();

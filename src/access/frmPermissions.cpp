@@ -161,8 +161,9 @@ void frmPermissions::Save() {
 void frmPermissions::Delete() {
     if (!MayEdit() || !m_opened)
         return;
-    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(m_opened->UserName),
-                                  m_session.ProgramTitle))
+    if (!m_session.boxes.ConfirmsLoss(
+            tr("Are you sure you want to delete %1?").arg(m_opened->UserName),
+            m_session.ProgramTitle))
         return;
     const UserOutcome outcome =
         DeleteProgramUser(m_session, Typed(ui->cmbUser->currentText()), *m_opened);

@@ -235,8 +235,9 @@ void frmDoors::Delete() {
     const QString label = ui->cmbDoorLabel->currentText();
     if (!MayAssign() || !FindDoor(m_session, label))
         return;
-    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(InQuestion(label)),
-                                  m_session.ProgramTitle))
+    if (!m_session.boxes.ConfirmsLoss(
+            tr("Are you sure you want to delete %1?").arg(InQuestion(label)),
+            m_session.ProgramTitle))
         return;
     DeleteDoorRecord(m_session, label);
     LoadDoorLists();

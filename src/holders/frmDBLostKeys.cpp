@@ -161,11 +161,11 @@ void frmDBLostKeys::Update() {
 
 bool frmDBLostKeys::MayDropPending() {
     const int pending = m_model.PendingCount();
-    return pending == 0 ||
-           m_session.boxes.Confirms(tr("Changes that were not written back with Update would be "
-                                       "lost (records: %1). Drop them?")
-                                        .arg(pending),
-                                    m_session.ProgramTitle);
+    return pending == 0 || m_session.boxes.ConfirmsLoss(
+                               tr("Changes that were not written back with Update would be "
+                                  "lost (records: %1). Drop them?")
+                                   .arg(pending),
+                               m_session.ProgramTitle);
 }
 
 void frmDBLostKeys::Refresh() {

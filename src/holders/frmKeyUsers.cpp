@@ -258,8 +258,8 @@ void frmKeyUsers::SaveUser() {
 void frmKeyUsers::DeleteUser() {
     const QString line = ui->lstKeyHolders->CurrentText();
     if (line.isEmpty() || !m_session.SessionPermissions.AddEditKeyUsers ||
-        !m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(line),
-                                  m_session.ProgramTitle))
+        !m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(line),
+                                      m_session.ProgramTitle))
         return;
     switch (DeleteHolder(m_session, line)) {
     case HolderDeleted::HasKeys:
@@ -404,8 +404,8 @@ void frmKeyUsers::TakeBack(bool lost) {
 void frmKeyUsers::DeleteSelectedUnit() {
     const QString unit = ui->lstUnitID->CurrentText();
     if (unit.isEmpty() || !m_session.SessionPermissions.AddEditKeyUsers ||
-        !m_session.boxes.Confirms(tr("Are you sure you want to delete Unit # %1?").arg(unit),
-                                  m_session.ProgramTitle))
+        !m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete Unit # %1?").arg(unit),
+                                      m_session.ProgramTitle))
         return;
     Tell(DeleteUnit(m_session, KeyInHand(), unit), unit);
     ShowUnits();

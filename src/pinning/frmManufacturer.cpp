@@ -147,8 +147,8 @@ void frmManufacturer::DeleteBrand() {
     const QString brand = ui->cmbLockBrand->currentText();
     if (!m_session.SessionPermissions.CreateSystem || !FindPinSizes(m_session, brand))
         return;
-    if (!m_session.boxes.Confirms(tr("Are you sure you want to delete %1?").arg(brand),
-                                  m_session.ProgramTitle))
+    if (!m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(brand),
+                                      m_session.ProgramTitle))
         return;
     DeleteLockBrand(m_session, brand);
     m_shownSizes = TypedSizes();

@@ -42,6 +42,11 @@ public:
         return Message(text, title, BoxButtons::YesNo, BoxIcon::Question) == BoxAnswer::Yes;
     }
 
+    /// As `Confirms`, for what cannot be had back: the Enter key alone does not answer Yes.
+    bool ConfirmsLoss(const QString& text, const QString& title) {
+        return Message(text, title, BoxButtons::YesNo, BoxIcon::Warning) == BoxAnswer::Yes;
+    }
+
 private:
     virtual BoxAnswer ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
                                   BoxIcon icon) = 0;

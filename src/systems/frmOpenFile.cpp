@@ -98,8 +98,7 @@ void frmOpenFile::DeleteSelected() {
         tr("Are you sure you want to delete the key system \"%1\"?\n\nWith it go %2. This cannot "
            "be undone. Its location maps stay in the map file.")
             .arg(system.SystemName, contents.InWords());
-    if (m_session.boxes.Message(question, m_session.ProgramTitle, BoxButtons::YesNo,
-                                BoxIcon::Warning) != BoxAnswer::Yes)
+    if (!m_session.boxes.ConfirmsLoss(question, m_session.ProgramTitle))
         return;
     const BusyPointer busy;
     DeleteKeySystem(m_session, system.SystemID);
