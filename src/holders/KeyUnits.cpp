@@ -11,6 +11,9 @@
 #include <QHash>
 #include <QSet>
 
+#include <algorithm>
+#include <tuple>
+
 namespace quorrel {
 
 namespace {
@@ -69,11 +72,18 @@ QHash<QString, QStringList> TextsOfHolders(Session& session, const QStringList& 
 
 /// Deletes the first broken row, in the order of keys and units. Gives it.
 std::optional<UsertoUnitRow> RepairBrokenRow(Session& session) {
-    const auto broken = [&] {
-        return Recordset<UsertoUnitRow>(
-                   session.Keys(),
-                   OfSystem(session).WhereEmpty("UserID").OrderBy("KeyID").OrderBy("UnitID"))
-            .First();
+    // Two look-ups through the index; the engine would walk all units for both at once.
+    const auto broken = [&]() -> std::optional<UsertoUnitRow> {
+        std::vector<UsertoUnitRow> rows;
+        for (const Query& query :
+             {OfSystem(session).Where("UserID", QString()), OfSystem(session).WhereNull("UserID")})
+            for (const UsertoUnitRow& row : Recordset<UsertoUnitRow>(session.Keys(), query).Rows())
+                rows.push_back(row);
+        const auto first = std::min_element(
+            rows.begin(), rows.end(), [](const UsertoUnitRow& one, const UsertoUnitRow& other) {
+                return std::tie(one.KeyID, one.UnitID) < std::tie(other.KeyID, other.UnitID);
+            });
+        return first == rows.end() ? std::nullopt : std::optional(*first);
     };
     if (!broken())
         return std::nullopt;

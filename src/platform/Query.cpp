@@ -33,9 +33,8 @@ Query& Query::TestAny(const char* column, const List& values) {
     return *this;
 }
 
-Query& Query::WhereEmpty(const char* column) {
-    m_where += (m_where.empty() ? " WHERE (" : " AND (") + Quoted(column) + " = '' OR " +
-               Quoted(column) + " IS NULL)";
+Query& Query::WhereNull(const char* column) {
+    m_where += (m_where.empty() ? " WHERE " : " AND ") + Quoted(column) + " IS NULL";
     return *this;
 }
 

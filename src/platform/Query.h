@@ -20,8 +20,8 @@ public:
     Query& WhereNot(const char* column, const QString& value) {
         return Test(column, " <> ", value);
     }
-    /// Rows whose text is empty or was never given.
-    Query& WhereEmpty(const char* column);
+    /// Rows whose value was never given.
+    Query& WhereNull(const char* column);
     Query& WhereAny(const char* column, const QStringList& values);
     Query& WhereKeys(const std::vector<RowKey>& keys);
     /// Rows whose text is this one, but for blanks on its right. An index on the column serves.

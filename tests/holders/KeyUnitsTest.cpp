@@ -102,6 +102,9 @@ TEST_F(KeyUnits, ABrokenRowIsDeletedAndEndsTheList) {
     EXPECT_EQ(broken.lines.size(), 2);
     EXPECT_EQ(ListHeldUnits(session, "A1").repaired, "");
     EXPECT_EQ(Held().size(), 3);
+    session.Keys().Execute("UPDATE UsertoUnit SET UserID = '' WHERE UnitID = '1'", {});
+    EXPECT_NE(ListHeldUnits(session, "A1").repaired, "");
+    EXPECT_EQ(Held().size(), 2);
     EXPECT_TRUE(Free().contains("3"));
 }
 
