@@ -75,7 +75,9 @@ std::optional<PersonnelRecord> FindPersonnelByText(const Session& session, const
 
 std::optional<PersonnelRecord> FindPersonnelByValue(const Session& session, const QString& number) {
     const double value = Val(number);
-    return FindLast(session, [&](const QString& tm) { return !tm.isEmpty() && Val(tm) == value; });
+    return FindLast(session, [&](const QString& tm) {
+        return !tm.isEmpty() && (value == 0 ? tm == number : Val(tm) == value);
+    });
 }
 
 } // namespace quorrel

@@ -24,8 +24,8 @@ struct PersonnelRecord {
 /// The person whose number is this text, character by character.
 std::optional<PersonnelRecord> FindPersonnelByText(const Session& session, const QString& number);
 
-/// The person whose number has the value of this text: 17, 0017 and "17 b" have the same, and
-/// texts that no number leads have the value 0. A person without number is never found.
+/// The person whose number has the value of this text: 17, 0017 and "17 b" have the same. Of texts
+/// that no number leads only the same one will do. A person without number is never found.
 std::optional<PersonnelRecord> FindPersonnelByValue(const Session& session, const QString& number);
 
 } // namespace quorrel

@@ -1,9 +1,12 @@
 #include "holders/frmKeyUsers.h"
 
+#include "access/CompanyInfo.h"
 #include "holders/Personnel.h"
+#include "platform/Files.h"
 #include "platform/Text.h"
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
+#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/TextList.h"
 
@@ -31,6 +34,7 @@ frmKeyUsers::frmKeyUsers(Session& session)
     OfferHelp(help::kKeyUsers, ui->cmdHelp);
     ui->cmdPrintKeySignature->setEnabled(false);
     ui->cmdPrintKeySignature->setToolTip(tr("Receipts are not part of this version yet."));
+    LoadLogo();
     HideUserList();
     ApplyPermissions();
     WatchPeople();
@@ -48,6 +52,14 @@ frmKeyUsers::frmKeyUsers(Session& session)
 }
 
 frmKeyUsers::~frmKeyUsers() = default;
+
+void frmKeyUsers::LoadLogo() {
+    QPixmap logo;
+    if (IsLogo(m_session.Company.CompanyLogo))
+        logo.load(FindIgnoringCase(m_session.Company.CompanyLogo));
+    ui->picQV->setPixmap(FittedPicture(logo, ui->picQV->maximumSize(), devicePixelRatioF()));
+    ui->picQV->setVisible(!logo.isNull());
+}
 
 void frmKeyUsers::ApplyPermissions() {
     const bool may = m_session.SessionPermissions.AddEditKeyUsers;
@@ -429,7 +441,7 @@ bool frmKeyUsers::FillFrom(const std::optional<PersonnelRecord>& record) {
 
 /// Somebody goes on to the first name: what the personnel file knows is filled in.
 void frmKeyUsers::LookUpPerson() {
-    if (!m_session.PersonnelRecords || !ui->txtFirstName->hasFocus())
+    if (!m_session.PersonnelAvailable || !ui->txtFirstName->hasFocus())
         return;
     const BusyPointer busy;
     const QString number = ui->txtUserNumber->text();
@@ -447,7 +459,7 @@ void frmKeyUsers::SaveUserWithLookup() {
     }
     ui->txtUserSearch->setText(number);
     if (ui->txtFirstName->text().isEmpty()) {
-        if (m_session.SystemInfo.personel && !m_session.PersonnelRecords)
+        if (m_session.SystemInfo.personel && !m_session.PersonnelAvailable)
             m_session.boxes.Message(tr("External Employee Records Are Not Currently Available"),
                                     tr("External Lookup"));
         const auto record = FindPersonnelByText(m_session, number);

@@ -36,6 +36,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void LoadLogo();
     void ApplyPermissions();
     void WatchPeople();
     void WatchKeys();

@@ -1,4 +1,5 @@
 #include "holders/frmKeyUsers.h"
+#include "platform/ForeignTable.h"
 #include "platform/Recordset.h"
 #include "store/SystemTables.h"
 #include "support/FormDriver.h"
@@ -160,6 +161,36 @@ TEST_F(FrmKeyUsers, KeysGoOnAndTheNumberIsRequired) {
     EXPECT_EQ(form->focusWidget()->objectName(), "cmdAddUser");
     QTest::keyClick(form->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(Lines("lstKeyHolders").size(), 1) << "Enter on the button saves";
+}
+
+TEST_F(FrmKeyUsers, TakesPeopleFromThePersonnelFile) {
+    const QString people = program.folder.filePath("people.db");
+    Database::Create(people, {1, 1},
+                     "CREATE TABLE Staff (TM TEXT, Name TEXT, Title TEXT, Department TEXT, "
+                     "WorkPhone TEXT); INSERT INTO Staff VALUES "
+                     "('1041', 'O''Malley,Sean', 'Gardener', 'Grounds', '555')");
+    program.session.SystemInfo.personel = true;
+    program.session.PersonnelRecords = ForeignTable::Open(people, "staff");
+    program.session.PersonnelAvailable = true;
+    Type("txtUserNumber", "01041");
+    Find<QLineEdit>(form.get(), "txtFirstName")->setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Text("txtLastName") + Text("txtFirstName"), "O'MalleySean");
+    EXPECT_EQ(form->focusWidget()->objectName(), "cmdAddUser");
+    EXPECT_EQ(Text("txtWorkPhone"), "");
+    Click("cmdNewUser");
+    Type("txtUserNumber", "1041");
+    Type("txtLastName", "");
+    Click("cmdAddUser");
+    EXPECT_EQ(FindHolder(program.session, "1041")->WorkPhone, "555");
+    EXPECT_EQ(FindHolder(program.session, "1041")->Firstname, "Sean");
+    EXPECT_TRUE(FindHolder(program.session, "1041")->Employee);
+
+    program.session.PersonnelAvailable = false;
+    Type("txtUserNumber", "77");
+    program.boxes.Expect("External Employee Records Are Not Currently Available");
+    Click("cmdAddUser");
+    EXPECT_TRUE(FindHolder(program.session, "77")) << "typed data is saved all the same";
 }
 
 TEST_F(FrmKeyUsers, WithoutTheRightTheBooksCannotBeChanged) {

@@ -74,7 +74,8 @@ TEST_F(Personnel, TheLastMatchCounts) {
     EXPECT_EQ(ByText(""), "nobody");
     EXPECT_EQ(ByValue("17"), "|Mononym|Fifth");
     EXPECT_EQ(ByValue("017.0"), "|Mononym|Fifth");
-    EXPECT_EQ(ByValue("visitor"), "||Sixth");
+    EXPECT_EQ(ByValue("visitor"), "nobody");
+    EXPECT_EQ(ByValue("x"), "||Sixth");
     EXPECT_EQ(ByValue("18"), "nobody");
     const auto person = FindPersonnelByText(session, "0017");
     EXPECT_EQ(person->TM + person->Department + person->Status + person->WorkPhone +
