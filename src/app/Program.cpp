@@ -26,6 +26,7 @@
 #include "systems/frmOpenFile.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/HelpWindow.h"
+#include "widgets/Manners.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -49,6 +50,7 @@ Program::Program(Session& session)
           {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
           {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
           {QStringLiteral("frmPermissions"), [this](auto&) { ShowPermissions(); }}} {
+    InstallManners();
     qApp->installEventFilter(this);
 }
 

@@ -450,10 +450,8 @@ void frmMain::LoadLogo() {
 }
 
 void frmMain::LoadDepartmentList() {
-    const QString text = ui->cmbDepartment->currentText();
-    ui->cmbDepartment->clear();
-    ui->cmbDepartment->addItems(m_page.ListDepartments());
-    ui->cmbDepartment->setCurrentText(text.toUpper());
+    ui->cmbDepartment->SetTexts(m_page.ListDepartments(),
+                                ui->cmbDepartment->currentText().toUpper());
 }
 
 void frmMain::ApplyLevelCaptions() {

@@ -1,5 +1,7 @@
 #include "widgets/RecordGrid.h"
 
+#include "platform/Text.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
@@ -19,7 +21,7 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant& value, const QLocale&) const override {
-        return value.toString().left(kShownLength).replace(u'\n', u' ').remove(u'\r');
+        return OneLine(value.toString().left(kShownLength));
     }
 
 protected:
