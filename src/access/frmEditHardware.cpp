@@ -34,7 +34,6 @@ void frmEditHardware::LoadHardwareList(const QString& shown) {
 
 void frmEditHardware::ShowDescription(const QString& description) {
     ui->lblHardware->setText(description);
-    ui->lblHardware->setToolTip(description.toHtmlEscaped());
     ui->txtChangeTo->setText(description);
     // Doors without hardware have no description to replace.
     ui->cmdSave->setEnabled(!description.isEmpty());

@@ -1,12 +1,9 @@
 #include "holders/frmKeyUsers.h"
 
-#include "access/CompanyInfo.h"
 #include "holders/Personnel.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
-#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/TextList.h"
 
@@ -21,7 +18,7 @@ frmKeyUsers::frmKeyUsers(Session& session)
     OfferHelp(help::kKeyUsers, ui->cmdHelp);
     ui->cmdPrintKeySignature->setEnabled(false);
     ui->cmdPrintKeySignature->setToolTip(tr("Receipts are not part of this version yet."));
-    LoadLogo();
+    ui->picQV->ShowLogo(m_session.Company.CompanyLogo);
     HideUserList();
     ApplyPermissions();
     WatchPeople();
@@ -39,14 +36,6 @@ frmKeyUsers::frmKeyUsers(Session& session)
 }
 
 frmKeyUsers::~frmKeyUsers() = default;
-
-void frmKeyUsers::LoadLogo() {
-    QPixmap logo;
-    if (IsLogo(m_session.Company.CompanyLogo))
-        logo.load(FindIgnoringCase(m_session.Company.CompanyLogo));
-    ui->picQV->setPixmap(FittedPicture(logo, ui->picQV->maximumSize(), devicePixelRatioF()));
-    ui->picQV->setVisible(!logo.isNull());
-}
 
 void frmKeyUsers::ApplyPermissions() {
     const bool may = m_session.SessionPermissions.AddEditKeyUsers;

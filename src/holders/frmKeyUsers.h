@@ -36,7 +36,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void LoadLogo();
     void ApplyPermissions();
     void WatchPeople();
     void WatchKeys();

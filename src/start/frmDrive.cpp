@@ -24,7 +24,8 @@ frmDrive::frmDrive(Session& session, const QString& folder)
             ui->Drive1->addItem(QDir::toNativeSeparators(drive.rootPath()));
     ui->Drive1->setCurrentText(QDir::toNativeSeparators(QStorageInfo(folder).rootPath()));
     GoTo(QDir(folder).exists() ? folder : QDir::homePath());
-    ui->Dir1->setFont(font()); // Names are in no columns.
+    ui->lblFolder->SetElideMode(Qt::ElideMiddle); // Where a path begins and ends tells most.
+    ui->Dir1->setFont(font());                    // Names are in no columns.
     ui->Dir1->setFocus();
     On(ui->Drive1, &QComboBox::activated, [this] { GoTo(ui->Drive1->currentText()); });
     On(ui->Dir1, &TextList::DoubleClicked, [this] { EnterSelected(); });

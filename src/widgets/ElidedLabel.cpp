@@ -28,7 +28,9 @@ QSize ElidedLabel::SizeFor(int characters) const {
     const QFontMetrics metrics = fontMetrics();
     const int whole = metrics.horizontalAdvance(OneLine(text().left(kPaintedLength)));
     const int most = characters * metrics.averageCharWidth();
-    return QSize(std::min(whole, most), metrics.height()) + QSize(2, 2) * (margin() + frameWidth());
+    // Measured to the next pixel, and elided to less than one.
+    return QSize(std::min(whole + 1, most), metrics.height()) +
+           QSize(2, 2) * (margin() + frameWidth());
 }
 
 QSize ElidedLabel::sizeHint() const {
@@ -42,7 +44,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent* event) {
     const QString whole = text();
     const QString line = OneLine(whole.left(kPaintedLength));
-    const QString shown = fontMetrics().elidedText(line, Qt::ElideRight, contentsRect().width());
+    const QString shown = fontMetrics().elidedText(line, m_elideMode, contentsRect().width());
     setToolTip(shown == whole ? QString() : whole);
     if (shown == whole) {
         QLabel::paintEvent(event);

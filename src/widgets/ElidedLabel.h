@@ -12,6 +12,9 @@ class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent = nullptr);
 
+    /// Where the text is cut: at its end unless another place is set.
+    void SetElideMode(Qt::TextElideMode mode) { m_elideMode = mode; }
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -20,6 +23,8 @@ protected:
 
 private:
     QSize SizeFor(int characters) const;
+
+    Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };
 
 } // namespace quorrel

@@ -65,7 +65,7 @@ public:
             return QAccessibleWidget::text(kind);
         const QString shown = Shown();
         const QString caption = Caption();
-        if (caption.isEmpty() || shown.startsWith(caption))
+        if (caption.isEmpty() || shown.startsWith(caption + u':'))
             return shown;
         return shown.isEmpty() ? caption : caption + QStringLiteral(": ") + shown;
     }

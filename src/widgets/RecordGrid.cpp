@@ -66,4 +66,16 @@ void RecordGrid::keyPressEvent(QKeyEvent* event) {
         QTableView::keyPressEvent(event);
 }
 
+// As in a list, the other buttons choose nothing.
+
+void RecordGrid::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QTableView::mousePressEvent(event);
+}
+
+void RecordGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QTableView::mouseDoubleClickEvent(event);
+}
+
 } // namespace quorrel
