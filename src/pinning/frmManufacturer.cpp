@@ -71,9 +71,7 @@ void frmManufacturer::PointTyped(int box) {
 }
 
 void frmManufacturer::FillBrands(const QString& shown) {
-    ui->cmbLockBrand->clear();
-    ui->cmbLockBrand->addItems(ListLockBrands(m_session));
-    ui->cmbLockBrand->setCurrentText(shown);
+    ui->cmbLockBrand->SetTexts(ListLockBrands(m_session), shown);
 }
 
 void frmManufacturer::ShowSizes(const PinSizes& sizes) {

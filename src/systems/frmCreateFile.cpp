@@ -9,7 +9,6 @@
 #include "widgets/HelpContexts.h"
 
 #include <QButtonGroup>
-#include <QFontDatabase>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -25,8 +24,6 @@ frmCreateFile::frmCreateFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmCreateFile>()) {
     ui->setupUi(this);
     ui->txtLockBrand->lineEdit()->setMaxLength(255);
-    // The lines are filled up with blanks to stand in columns.
-    ui->List1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     OfferHelp(help::kCreateSystem, ui->cmdHelp);
     ui->cmdCreate->setEnabled(session.SessionPermissions.CreateSystem);
     const SystemDefinition usual;
@@ -105,10 +102,7 @@ void frmCreateFile::ShowType(int type) {
 }
 
 void frmCreateFile::FillBrands() {
-    const QString typed = ui->txtLockBrand->currentText();
-    ui->txtLockBrand->clear();
-    ui->txtLockBrand->addItems(ListLockBrands(m_session));
-    ui->txtLockBrand->setCurrentText(typed);
+    ui->txtLockBrand->Refill(ListLockBrands(m_session));
 }
 
 void frmCreateFile::CheckBrand() {
@@ -156,7 +150,7 @@ void frmCreateFile::MasterChanged() {
 void frmCreateFile::RefreshPreview() {
     const SystemDefinition definition = Definition();
     if (ui->txtMasterKey->text().size() != definition.pins) {
-        ui->List1->clear();
+        ui->List1->SetLines({});
         ui->lblTotalChanges->setText(tr("Total Usable Change Keys ="));
         return;
     }
@@ -192,8 +186,7 @@ void frmCreateFile::ShowUsableKeys(const SystemDefinition& definition) {
     for (std::size_t page = 0; page < usable.perPage.size(); ++page)
         lines.append(
             QString::fromStdString(PreviewLine(static_cast<int>(page) + 1, usable.perPage[page])));
-    ui->List1->clear();
-    ui->List1->addItems(lines);
+    ui->List1->SetLines(lines);
     ui->lblTotalChanges->setText(tr("Total Usable Change Keys = %1").arg(usable.Total()));
 }
 

@@ -69,9 +69,9 @@ TEST_F(FrmManufacturer, KeepsTheSizesOfANewBrandCutToFourCharacters) {
     EXPECT_EQ(TextOf("txtBottom_2"), ".180");
 
     ChooseBrand("quayside");
-    run.boxes.Expect("delete Quayside?", BoxAnswer::No);
+    run.boxes.Expect("delete quayside?", BoxAnswer::No);
     Click(form, "Command1");
-    run.boxes.Expect("delete Quayside?", BoxAnswer::Yes);
+    run.boxes.Expect("delete quayside?", BoxAnswer::Yes);
     Click(form, "Command1");
     EXPECT_FALSE(FindPinSizes(run.session, "Quayside"));
     EXPECT_EQ(TextOf("txtBottom_2"), ".180") << "the brand that is left is shown";
@@ -79,7 +79,7 @@ TEST_F(FrmManufacturer, KeepsTheSizesOfANewBrandCutToFourCharacters) {
 
 TEST_F(FrmManufacturer, AsksBeforeWhatWasTypedIsDropped) {
     Type(form, "txtBottom_2", "9.99");
-    run.boxes.Expect("The pin sizes of Generic .015 inch steps are not saved", BoxAnswer::No);
+    run.boxes.Expect("The pin sizes of generic .015 INCH steps are not saved", BoxAnswer::No);
     ChooseBrand("Quayside");
     Type(form, "txtTop_1", ".020");
     run.boxes.Expect("What you have typed for Quayside is not saved", BoxAnswer::No);
