@@ -37,15 +37,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// Limits of a numeric field: above `highest` it becomes that; below `lowest` it becomes
-    /// `replacement`.
-    struct Limits {
-        QLineEdit* field;
-        int lowest, highest, replacement;
-    };
-
     void WatchFields();
-    void Clamp(const Limits& limits);
+    void Clamp(QLineEdit* field, const NumberLimits& limits);
     void ShowType(int type);
     void FillBrands();
     void CheckBrand();
