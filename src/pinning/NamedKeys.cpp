@@ -10,6 +10,19 @@ namespace quorrel {
 
 namespace {
 
+/// What tells where a named key stands among the others.
+struct KeyPlace {
+    using Self = KeyPlace;
+    RowKey key = 0;
+    double Serial = 0;
+    QString Label;
+
+    static constexpr const char* kTable = PatternsRow::kTable;
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(Serial), QUORREL_COLUMN(Label)};
+    }
+};
+
 /// The keys of the open system, without what is stored beside them.
 Query KeysOfSystem(const Session& session) {
     return Query()
@@ -20,12 +33,12 @@ Query KeysOfSystem(const Session& session) {
 /// Where a key stands in the order of the system's keys; nothing when it is there no longer.
 std::optional<qint64> SerialOf(Session& session, const std::string& key) {
     const QString cuts = QString::fromStdString(key);
-    const auto row =
-        Recordset<PatternsRow>(session.Keys(),
-                               KeysOfSystem(session).WhereAny(
-                                   "Cuts", {Scrambled(cuts + u' '), Scrambled(cuts + u'*')}))
+    const auto place =
+        Recordset<KeyPlace>(session.Keys(),
+                            KeysOfSystem(session).WhereAny(
+                                "Cuts", {Scrambled(cuts + u' '), Scrambled(cuts + u'*')}))
             .First();
-    return row ? std::optional(static_cast<qint64>(row->Serial)) : std::nullopt;
+    return place ? std::optional(static_cast<qint64>(place->Serial)) : std::nullopt;
 }
 
 } // namespace
@@ -40,20 +53,25 @@ std::optional<PinningRequest> FindNamedKey(Session& session, const PinningReques
         query.WhereAtLeast("Serial", *serial + 1).OrderBy("Serial");
     else
         query.WhereBelow("Serial", *serial).OrderBy("Serial", true);
-    std::optional<PinningRequest> found;
-    Recordset<PatternsRow>(session.Keys(), query).Walk([&](const PatternsRow& row) {
-        if (row.Label.isEmpty() || row.Label.startsWith(u' '))
-            return true;
-        found = from;
-        found->keyID = RightTrimmed(row.Label);
-        found->keyway = RightTrimmed(row.KeyWay);
-        found->department = RightTrimmed(row.Department);
-        found->description = RightTrimmed(row.Description);
-        found->key =
-            Unscrambled(row.Cuts).left(static_cast<qsizetype>(from.key.size())).toStdString();
-        return false;
+    std::optional<RowKey> found;
+    Recordset<KeyPlace>(session.Keys(), query).Walk([&](const KeyPlace& place) {
+        if (!place.Label.isEmpty() && place.Label[0] != u' ')
+            found = place.key;
+        return !found;
     });
-    return found;
+    if (!found)
+        return std::nullopt;
+    const auto row = Recordset<PatternsRow>(session.Keys(), Query().WhereKeys({*found})).First();
+    if (!row)
+        return std::nullopt;
+    PinningRequest request = from;
+    request.keyID = RightTrimmed(row->Label);
+    request.keyway = RightTrimmed(row->KeyWay);
+    request.department = RightTrimmed(row->Department);
+    request.description = RightTrimmed(row->Description);
+    const auto pins = static_cast<qsizetype>(from.key.size());
+    request.key = Unscrambled(row->Cuts).left(pins).toStdString();
+    return request;
 }
 
 } // namespace quorrel

@@ -14,12 +14,6 @@ namespace quorrel {
 
 namespace {
 
-/// A value for the eye and, with what it is of, for the ear.
-void ShowValue(QLabel* label, const QString& caption, const QString& value) {
-    label->setText(value);
-    label->setAccessibleName(caption + QStringLiteral(": ") + value);
-}
-
 /// What is read at arm's length, at the bench.
 void Enlarge(QLabel* label, double times) {
     QFont font = label->font();
@@ -82,13 +76,13 @@ void frmPinningChart::ShowChart(const PinningChart& chart) {
 
 void frmPinningChart::ShowKey() {
     const PinningRequest& key = m_chart.request;
-    ShowValue(ui->lblSystem, ui->capSystem->text(), key.system);
-    ShowValue(ui->lblAddress, ui->capAddress->text(), key.address);
-    ShowValue(ui->lblDepartment, ui->capDepartment->text(), key.department);
-    ShowValue(ui->lblDescription, ui->capDescription->text(), key.description);
-    ShowValue(ui->lblCuts, ui->capCuts->text(), QString::fromStdString(key.key));
-    ShowValue(ui->lblKeyID, ui->capKeyID->text(), key.keyID);
-    ShowValue(ui->lblKeyWay, ui->capKeyWay->text(), key.keyway);
+    ui->lblSystem->setText(key.system);
+    ui->lblAddress->setText(key.address);
+    ui->lblDepartment->setText(key.department);
+    ui->lblDescription->setText(key.description);
+    ui->lblCuts->setText(QString::fromStdString(key.key));
+    ui->lblKeyID->setText(key.keyID);
+    ui->lblKeyWay->setText(key.keyway);
 }
 
 /// The label at a place of the table, made when there is none yet.
@@ -114,8 +108,8 @@ void frmPinningChart::ShowPins() {
             if (!line.sizes)
                 Enlarge(figure, 1.6);
             figure->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.0000")));
-            ShowValue(figure, tr("%1, chamber %2").arg(pins).arg(chamber + 1),
-                      line.figures.value(chamber));
+            figure->setAccessibleName(tr("%1, chamber %2").arg(pins).arg(chamber + 1));
+            figure->setText(line.figures.value(chamber));
             figure->setVisible(chamber < line.figures.size());
         }
         ++row;
@@ -129,10 +123,9 @@ void frmPinningChart::ShowTallPins() {
     constexpr int inARow = 5;
     for (int pin = 0; pin < 10; ++pin) {
         auto* step = new QLabel(QString::number(pin + 10));
-        auto* size = new QLabel;
+        auto* size = new QLabel(m_chart.tallPins[static_cast<std::size_t>(pin)]);
         size->setObjectName(QStringLiteral("lblTall_%1").arg(pin));
-        ShowValue(size, tr("Pin of %1 steps").arg(pin + 10),
-                  m_chart.tallPins[static_cast<std::size_t>(pin)]);
+        size->setAccessibleName(tr("Pin of %1 steps").arg(pin + 10));
         Enlarge(step, 1.0);
         for (QLabel* label : {step, size})
             label->setAlignment(Qt::AlignCenter);

@@ -162,7 +162,7 @@ void frmCreateFile::RefreshPreview() {
     if (ui->txtMasterKey->text().size() != definition.pins) {
         ui->List1->clear();
         ui->lblTotalChanges->setText(tr("Total Usable Change Keys ="));
-        ui->lblWithinSafety->clear();
+        ui->lblWithinSafety->setText(tr("Of these within the Safety Factor ="));
         return;
     }
     if (!definition.ExceedsPinVariance() && definition.PageCount() <= kMaxPages)
