@@ -70,6 +70,7 @@ private:
     void ShowSystem();
     void ShowSpecialCuts();
     void ApplyLevelCaptions();
+    void BuildLegend();
     void SetFonts();
     std::vector<FormEntry> FormEntries() const;
     void WatchMenu();
@@ -92,6 +93,7 @@ private:
     void SetCompactLayout();
     void SetLargeLayout();
     void ClickPicture1();
+    void ToggleLegend();
     void TurnPage(int page);
     void StayOnPage();
     void ShowPageNumber();
