@@ -23,7 +23,7 @@ frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
     setObjectName(core ? QStringLiteral("frmPinningChartIC") : QStringLiteral("frmPinningChart"));
     ui->setupUi(this);
     OfferHelp(help::kPinningChart, ui->cmdHelp);
-    On(ui->cmdOK, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
     On(ui->cmdPrint, &QPushButton::clicked, [this] { Print(); });
     ui->cmdPrint->setEnabled(session.SessionPermissions.RunReports);
     ui->lblFlaws->hide();
@@ -36,7 +36,7 @@ frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
         if (core)
             ShowCorePins();
     }
-    PlaceOnScreen(*this, 0.5, 0.125);
+    PlaceAt(0.5, 0.125);
 }
 
 frmPinningChart::~frmPinningChart() = default;
@@ -128,11 +128,6 @@ void frmPinningChart::Print() {
         return;
     const BusyPointer busy;
     PrintChartToFile(path, m_chart, m_session.ProgramTitle, m_session.clock().date());
-}
-
-bool frmPinningChart::Unloading() {
-    emit Closed();
-    return true;
 }
 
 } // namespace quorrel

@@ -21,12 +21,6 @@ public:
     frmPinningChart(Session& session, const PinningChart& chart);
     ~frmPinningChart() override;
 
-signals:
-    void Closed();
-
-protected:
-    bool Unloading() override;
-
 private:
     void ShowKey();
     void ShowPins();

@@ -24,7 +24,6 @@ frmCreateFile::frmCreateFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmCreateFile>()) {
     ui->setupUi(this);
     ui->txtLockBrand->lineEdit()->setMaxLength(255);
-    PlaceOnScreen(*this);
     OfferHelp(help::kCreateSystem, ui->cmdHelp);
     ui->cmdCreate->setEnabled(session.SessionPermissions.CreateSystem);
     const SystemDefinition usual;
@@ -62,7 +61,7 @@ void frmCreateFile::WatchFields() {
     On(ui->txtMasterKey, &QLineEdit::textChanged, [this] { MasterChanged(); });
     On(ui->cmdRandomMaster, &QPushButton::clicked, [this] { DrawMaster(); });
     On(ui->cmdCreate, &QPushButton::clicked, [this] { Create(); });
-    On(ui->cmdCancel, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdCancel, &QPushButton::clicked, [this] { Leave(); });
 }
 
 bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
@@ -108,7 +107,7 @@ void frmCreateFile::FillBrands() {
 
 void frmCreateFile::CheckBrand() {
     const QString brand = ui->txtLockBrand->currentText();
-    if (!m_goingOn && LearnLockBrand(m_session, brand))
+    if (LearnLockBrand(m_session, brand))
         emit PinSizesWanted(brand);
 }
 
@@ -246,23 +245,7 @@ void frmCreateFile::Create() {
     }
     const BusyPointer busy;
     OpenKeySystem(m_session, CreateKeySystem(m_session, system));
-    m_goingOn = true;
-    hide();
     emit SystemCreated();
-    close();
-}
-
-bool frmCreateFile::Unloading() {
-    if (m_goingOn)
-        return true;
-    m_goingOn = true;
-    bool nothingToGoBackTo = true;
-    Guarded([&] { nothingToGoBackTo = ListKeySystems(m_session).empty(); });
-    if (nothingToGoBackTo)
-        emit Ended();
-    else
-        emit Cancelled();
-    return true;
 }
 
 } // namespace quorrel

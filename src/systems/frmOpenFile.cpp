@@ -11,7 +11,6 @@ namespace quorrel {
 frmOpenFile::frmOpenFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmOpenFile>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kOpenSystem, ui->cmdHelp);
     const bool mayCreate = session.SessionPermissions.CreateSystem;
     ui->cmdNew->setEnabled(mayCreate);
@@ -20,11 +19,7 @@ frmOpenFile::frmOpenFile(Session& session)
     ui->lstSystemFiles->setFont(font()); // Names are in no columns.
     On(ui->lstSystemFiles, &TextList::DoubleClicked, [this] { OpenSelected(); });
     On(ui->lstSystemFiles, &TextList::EnterPressed, [this] { OpenSelected(); });
-    On(ui->cmdNew, &QPushButton::clicked, [this] {
-        m_keepRunning = true;
-        emit NewSystemWanted();
-        close();
-    });
+    On(ui->cmdNew, &QPushButton::clicked, [this] { emit NewSystemWanted(); });
     On(ui->cmdDelete, &QPushButton::clicked, [this] { DeleteSelected(); });
     auto* deleteKey = new QShortcut(QKeySequence::Delete, ui->lstSystemFiles);
     deleteKey->setContext(Qt::WidgetShortcut);
@@ -45,8 +40,7 @@ void frmOpenFile::Activated() {
 /// Whoever comes back to the list sees what other workstations have done meanwhile.
 void frmOpenFile::changeEvent(QEvent* event) {
     Form::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible() &&
-        !m_keepRunning)
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible())
         Guarded([this] { RefreshList(); });
 }
 
@@ -62,11 +56,8 @@ void frmOpenFile::FillList() {
     for (const KeySystemRow& system : m_systems)
         names.append(system.SystemName);
     ui->lstSystemFiles->Refill(names);
-    if (!m_systems.empty())
-        return;
-    m_keepRunning = true;
-    emit NoSystems();
-    close();
+    if (m_systems.empty())
+        emit NewSystemWanted();
 }
 
 void frmOpenFile::OpenSelected() {
@@ -80,10 +71,7 @@ void frmOpenFile::OpenSelected() {
         FillList();
         return;
     }
-    m_keepRunning = true;
-    hide();
     emit SystemOpened();
-    close();
 }
 
 void frmOpenFile::DeleteSelected() {
@@ -102,12 +90,6 @@ void frmOpenFile::DeleteSelected() {
     DeleteKeySystem(m_session, system.SystemID);
     FillList();
     ui->lstSystemFiles->SetCurrentRow(0);
-}
-
-bool frmOpenFile::Unloading() {
-    if (!m_keepRunning)
-        emit Ended();
-    return true;
 }
 
 } // namespace quorrel

@@ -57,7 +57,7 @@ private:
     }
 
     void NameKeys() {
-        const auto named = Query().Where("PageNumber", 1);
+        const auto named = Query<PatternsRow>().Where(&PatternsRow::PageNumber, 1);
         for (PatternsRow row : Recordset<PatternsRow>(session.Keys(), named).Rows()) {
             if (row.Position > 2 && row.Position < 80)
                 continue;
