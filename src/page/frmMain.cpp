@@ -1,18 +1,14 @@
 #include "page/frmMain.h"
 
 #include "access/IdleWatch.h"
-#include "engine/CellStates.h"
 #include "page/KeyCell.h"
 #include "page/KeyLists.h"
 #include "platform/Text.h"
 #include "ui_frmMain.h"
 #include "widgets/HelpContexts.h"
-#include "widgets/KeyPainter.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolTip>
@@ -48,7 +44,6 @@ frmMain::frmMain(Session& session)
     ui->splMain->setSizes({kPageWidth, width() - kPageWidth});
     resize(size().boundedTo(screen()->availableSize()));
     SetFonts();
-    BuildLegend();
     WatchMenu();
     WatchHelpMenu();
     WatchRecord();
@@ -445,36 +440,6 @@ std::array<frmMain::LevelLabels, kLevels> frmMain::Levels() const {
              {ui->lblAreaMaster, ui->lblAreaMasterID, ui->lblAreaMasterDesc},
              {ui->lblLineMaster, ui->lblLineMasterID, ui->lblLineMasterDesc},
              {ui->lblColumnMaster, ui->lblColumnMasterID, ui->lblColumnMasterDesc}}};
-}
-
-void frmMain::BuildLegend() {
-    static constexpr const char* texts[5][2] = {
-        {"Unselected Key  No ID", "Unselected Key with ID"},
-        {"Selected Key  No ID", "Selected Key with ID"},
-        {"Active Sub Key  No ID", "Active Sub Key with ID "},
-        {"Active Pre-Master  No ID", "Active Pre-Master with ID"},
-        {"Active Sub-Master  No ID", "Active Sub-Master with ID"}};
-    auto* grid = new QGridLayout(ui->frmLegend);
-    grid->setVerticalSpacing(3);
-    const auto add = [&](int row, int column, const KeyLook& look, const char* text) {
-        auto* picture = new QLabel;
-        const double ratio = devicePixelRatioF();
-        QPixmap pixmap(QSize(32, 16) * ratio);
-        pixmap.setDevicePixelRatio(ratio);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        PaintKey(painter, QRectF(1, 0, 30, 16), look);
-        picture->setPixmap(pixmap);
-        grid->addWidget(picture, row, column);
-        grid->addWidget(new QLabel(tr(text)), row, column + 1);
-    };
-    for (int state = 0; state < 5; ++state)
-        for (int labelled = 0; labelled < 2; ++labelled)
-            add(state, 2 * labelled, LookOfState(state + labelled * cellstate::kLabelled),
-                texts[state][labelled]);
-    add(5, 0, LookOfState(cellstate::kNotRecommended), "Blue Line-Not Recomended");
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
 }
 
 /// Shows the legend under the masters, both of which scroll where there is no room for them.

@@ -68,7 +68,6 @@ private:
     void ShowSystem();
     void ShowSpecialCuts();
     void ApplyLevelCaptions();
-    void BuildLegend();
     void SetFonts();
     std::vector<FormEntry> FormEntries() const;
     void WatchMenu();
