@@ -32,7 +32,8 @@ QString KeyIDFor(int number) {
 
 /// Names the uppermost master and keys all over the system, as their records would be saved.
 void NameKeys(Database& keys) {
-    auto rows = Recordset<PatternsRow>(keys, Query().OrderBy("Serial")).Rows();
+    auto rows =
+        Recordset<PatternsRow>(keys, Query<PatternsRow>().OrderBy(&PatternsRow::Serial)).Rows();
     AllKeysRow named;
     named.SystemNumber = kSystem;
     Appender<AllKeysRow> append(keys, named);

@@ -31,7 +31,6 @@ void LoadPages(benchmark::State& state) {
     QuietSession program(LargestFolder().Path());
     program.OpenFirstSystem();
     PageView view(program.session);
-    view.LoadSystem();
     if (view.System().MaxPage != kLargestPages)
         throw std::runtime_error("The open system is not the largest.");
     Pages pages;

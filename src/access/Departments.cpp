@@ -4,26 +4,24 @@
 #include "platform/Text.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
 namespace quorrel {
 
 namespace {
 
-constexpr const char* kColumn = "Department";
-
+/// The departments of a table as they are written in it.
 template <class Row>
-Recordset<Row> OfSystem(Session& session) {
-    return Recordset<Row>(session.Keys(),
-                          Query().Where("SystemNumber", session.ActiveSystemNumber));
+QStringList Written(Session& session) {
+    return Recordset<Row>(session.Keys(), OfSystem<Row>(session)).Distinct(&Row::Department);
 }
 
 /// The rows of a table whose department is written exactly so.
 template <class Row>
 Recordset<Row> WithDepartment(Session& session, const QString& department) {
-    return Recordset<Row>(
-        session.Keys(),
-        Query().Where("SystemNumber", session.ActiveSystemNumber).Where(kColumn, department));
+    return Recordset<Row>(session.Keys(),
+                          OfSystem<Row>(session).Where(&Row::Department, department));
 }
 
 /// Sets the department on all rows that have this one, or a longer one that begins with it. The
@@ -32,16 +30,16 @@ template <class Row>
 void Replace(Session& session, const QString& department, const QString& replacement,
              bool passOverBlanks) {
     const QString wanted = department.toUpper();
-    for (const QString& stored : OfSystem<Row>(session).Distinct(kColumn)) {
+    for (const QString& stored : Written<Row>(session)) {
         const bool blank = stored.isEmpty() || stored.startsWith(u' ');
         if (stored.toUpper().startsWith(wanted) && !(blank && passOverBlanks))
-            WithDepartment<Row>(session, stored).SetAll(kColumn, replacement);
+            WithDepartment<Row>(session, stored).SetAll(&Row::Department, replacement);
     }
 }
 
 /// Deletes a department's rows from the list of departments.
 void DeleteFromList(Session& session, const QString& department) {
-    for (const QString& stored : OfSystem<DepartmentRow>(session).Distinct(kColumn))
+    for (const QString& stored : Written<DepartmentRow>(session))
         if (RightTrimmed(stored).toUpper() == department.toUpper())
             WithDepartment<DepartmentRow>(session, stored).DeleteAll();
 }
@@ -49,10 +47,11 @@ void DeleteFromList(Session& session, const QString& department) {
 /// Makes sure that a department is in the list, written as it is here.
 void KeepInList(Session& session, const QString& department) {
     bool found = false;
-    for (const QString& stored : OfSystem<DepartmentRow>(session).Distinct(kColumn)) {
+    for (const QString& stored : Written<DepartmentRow>(session)) {
         if (RightTrimmed(stored).toUpper() != department)
             continue;
-        WithDepartment<DepartmentRow>(session, stored).SetAll(kColumn, department);
+        WithDepartment<DepartmentRow>(session, stored)
+            .SetAll(&DepartmentRow::Department, department);
         found = true;
     }
     if (found)
@@ -67,11 +66,12 @@ void KeepInList(Session& session, const QString& department) {
 
 QStringList ListDepartments(Session& session) {
     QStringList names;
-    OfSystem<DepartmentRow>(session).Walk([&](const DepartmentRow& row) {
-        if (!IsNoValue(row.Department))
-            names.append(RightTrimmed(row.Department));
-        return true;
-    });
+    Recordset<DepartmentRow>(session.Keys(), OfSystem<DepartmentRow>(session))
+        .Walk([&](const DepartmentRow& row) {
+            if (!IsNoValue(row.Department))
+                names.append(RightTrimmed(row.Department));
+            return true;
+        });
     return names;
 }
 

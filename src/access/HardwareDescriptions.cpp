@@ -6,12 +6,12 @@
 namespace quorrel {
 
 void ReplaceHardware(Session& session, const QString& from, const QString& to, bool allSystems) {
-    Query doors;
-    doors.Where("Text1", from);
+    Query<DoorsRow> doors;
+    doors.Where(&DoorsRow::Text1, from);
     if (!allSystems)
-        doors.Where("SystemNumber", session.ActiveSystemNumber);
+        doors.Where(&DoorsRow::SystemNumber, session.ActiveSystemNumber);
     Transaction transaction(session.Keys());
-    Recordset<DoorHardwareRow>(session.Keys(), doors).SetAll("Text1", to);
+    Recordset<DoorHardwareRow>(session.Keys(), doors).SetAll(&DoorsRow::Text1, to);
     transaction.Commit();
 }
 

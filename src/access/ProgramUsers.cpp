@@ -104,11 +104,13 @@ std::vector<ProgramUsersRow> ListProgramUsers(Session& session) {
 }
 
 std::optional<ProgramUsersRow> FindProgramUser(Session& session, RowKey key) {
-    return Recordset<ProgramUsersRow>(session.Keys(), Query().Where("RowKey", key)).First();
+    return Recordset<ProgramUsersRow>(session.Keys(), Query<ProgramUsersRow>().WhereKey(key))
+        .First();
 }
 
 int NextProgramUserID(Session& session) {
-    return static_cast<int>(Recordset<ProgramUsersRow>(session.Keys()).Largest("ProgramUserID")) +
+    return static_cast<int>(Recordset<ProgramUsersRow>(session.Keys())
+                                .Largest(&ProgramUsersRow::ProgramUserID)) +
            1;
 }
 
@@ -167,7 +169,8 @@ UserOutcome DeleteProgramUser(Session& session, const ProgramUser& typed,
     Transaction transaction(session.Keys());
     if (auto outcome = AsOpened(session, opened); outcome.kind != UserOutcome::Kind::Done)
         return outcome;
-    Recordset<ProgramUsersRow>(session.Keys(), Query().Where("RowKey", opened.key)).DeleteAll();
+    Recordset<ProgramUsersRow>(session.Keys(), Query<ProgramUsersRow>().WhereKey(opened.key))
+        .DeleteAll();
     transaction.Commit();
     return {};
 }

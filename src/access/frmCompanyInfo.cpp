@@ -20,7 +20,7 @@ constexpr int kPolicyLength = 4 * kPolicyPart;
 frmCompanyInfo::frmCompanyInfo(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmCompanyInfo>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this, 0.25);
+    PlaceAt(0.25, 0.25);
     OfferHelp(help::kCompany, ui->cmdHelp);
     LoadRow();
     ShowLogo();
@@ -80,12 +80,7 @@ void frmCompanyInfo::Save() {
     row.CompanyLogo = ui->txtPicPath->text();
     SplitPolicy(ui->txtKeyPolicy->toPlainText(), row);
     SaveCompanyInfo(m_session, row);
-    close();
-}
-
-bool frmCompanyInfo::Unloading() {
-    emit Closed();
-    return true;
+    Leave();
 }
 
 } // namespace quorrel

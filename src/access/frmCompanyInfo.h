@@ -18,13 +18,6 @@ public:
     explicit frmCompanyInfo(Session& session);
     ~frmCompanyInfo() override;
 
-signals:
-    /// Saved, or left without saving.
-    void Closed();
-
-protected:
-    bool Unloading() override;
-
 private:
     void LoadRow();
     void ShowLogo();

@@ -13,7 +13,7 @@ namespace quorrel {
 frmDepartments::frmDepartments(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmDepartments>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this, 0.25);
+    PlaceAt(0.25, 0.25);
     OfferHelp(help::kDepartments, ui->cmdHelp);
     ui->lstDepartment->setFont(font()); // Names are in no columns.
     ui->txtRename->setMaxLength(kDepartmentWidth);
@@ -23,7 +23,7 @@ frmDepartments::frmDepartments(Session& session)
     On(ui->cmdRename, &QPushButton::clicked, [this] { BeginRenaming(); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
     On(ui->cmdDelete, &QPushButton::clicked, [this] { Delete(); });
-    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
     Guarded([this] { LoadDepartmentList(-1); });
 }
 
@@ -97,11 +97,6 @@ void frmDepartments::reject() {
         ShowRenaming(false);
     else
         Form::reject();
-}
-
-bool frmDepartments::Unloading() {
-    emit Closed();
-    return true;
 }
 
 } // namespace quorrel

@@ -21,12 +21,6 @@ public:
     /// Escape gives a renaming up before it closes the form.
     void reject() override;
 
-signals:
-    void Closed();
-
-protected:
-    bool Unloading() override;
-
 private:
     void LoadDepartmentList(int row);
     void ShowRenaming(bool renaming);

@@ -10,7 +10,6 @@ namespace quorrel {
 frmEditHardware::frmEditHardware(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmEditHardware>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kHardware);
     QFont bold = font();
     bold.setBold(true);
@@ -18,7 +17,7 @@ frmEditHardware::frmEditHardware(Session& session)
     On(ui->cmbHardware, &QComboBox::currentTextChanged,
        [this](const QString& text) { ShowDescription(text); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
-    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
     Guarded([this] { LoadHardwareList({}); });
 }
 
@@ -50,11 +49,6 @@ void frmEditHardware::Save() {
     const QString to = ui->txtChangeTo->text();
     ReplaceHardware(m_session, ui->lblHardware->text(), to, ui->opAll->isChecked());
     LoadHardwareList(to);
-}
-
-bool frmEditHardware::Unloading() {
-    emit Closed();
-    return true;
 }
 
 } // namespace quorrel

@@ -18,12 +18,6 @@ public:
     explicit frmEditHardware(Session& session);
     ~frmEditHardware() override;
 
-signals:
-    void Closed();
-
-protected:
-    bool Unloading() override;
-
 private:
     void LoadHardwareList(const QString& shown);
     void ShowDescription(const QString& description);

@@ -8,21 +8,29 @@ namespace quorrel {
 namespace {
 
 constexpr int kReadingTime = 700; // milliseconds
+constexpr int kWatchTime = 100;   // milliseconds
 
 } // namespace
 
 frmLogoff::frmLogoff(Session& session) : Form(session), ui(std::make_unique<Ui::frmLogoff>()) {
     ui->setupUi(this);
+    // Above any box that is open, which otherwise would keep mouse and keys for itself.
+    setWindowModality(Qt::ApplicationModal);
     setWindowFlag(Qt::WindowStaysOnTopHint);
     QFont large = ui->lblTimeout->font();
     large.setPointSizeF(large.pointSizeF() * 1.8);
     ui->lblTimeout->setFont(large);
     ui->lblTimeout->setText(m_countdown.Text());
-    PlaceOnScreen(*this);
     OfferHelp(help::kLogoff);
     On(ui->CancelButton, &QPushButton::clicked, [this] { close(); });
     On(&m_timer1, &QTimer::timeout, [this] { Tick(); });
     m_timer1.start(LogoffCountdown::kStepTime);
+    // The windows behind this one do not get the mouse: it is watched wherever it is.
+    On(&m_watch, &QTimer::timeout, [this] {
+        if (QCursor::pos() != m_pointer)
+            MouseMoved();
+    });
+    m_watch.start(kWatchTime);
 }
 
 frmLogoff::~frmLogoff() = default;

@@ -3,6 +3,7 @@
 #include "access/IdleWatch.h"
 #include "widgets/Form.h"
 
+#include <QCursor>
 #include <QTimer>
 
 #include <memory>
@@ -34,6 +35,8 @@ signals:
 private:
     std::unique_ptr<Ui::frmLogoff> ui;
     QTimer m_timer1;
+    QTimer m_watch;
+    QPoint m_pointer = QCursor::pos(); ///< when the form came up
     LogoffCountdown m_countdown;
     bool m_cancelling = false;
 };

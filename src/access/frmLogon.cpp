@@ -8,10 +8,9 @@ namespace quorrel {
 
 frmLogon::frmLogon(Session& session) : Form(session), ui(std::make_unique<Ui::frmLogon>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kLogon, ui->cmdHelp);
     On(ui->cmdLogon, &QPushButton::clicked, [this] { PerformLogon(); });
-    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
 }
 
 frmLogon::~frmLogon() = default;
@@ -28,29 +27,20 @@ void frmLogon::PerformLogon() {
         Refuse();
         return;
     }
-    m_admitted = true;
-    hide();
     emit LoggedOn();
-    close();
 }
 
 void frmLogon::Refuse() {
     if (++m_failedAttempts >= kLogonAttempts) {
         m_session.boxes.Message(tr("Multiple Invalid Entries - Exiting Program"),
                                 m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
-        emit Ended();
+        Leave();
         return;
     }
     m_session.boxes.Message(tr("Invalid Entry, please check User Name and Password"),
                             m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
     ui->txtPassword->setFocus();
     ui->txtPassword->selectAll();
-}
-
-bool frmLogon::Unloading() {
-    if (!m_admitted)
-        emit Ended();
-    return true;
 }
 
 } // namespace quorrel

@@ -20,11 +20,9 @@ public:
 
 signals:
     void LoggedOn();
-    void Ended();
 
 protected:
     void Activated() override;
-    bool Unloading() override;
 
 private:
     void PerformLogon();
@@ -32,7 +30,6 @@ private:
 
     std::unique_ptr<Ui::frmLogon> ui;
     int m_failedAttempts = 0;
-    bool m_admitted = false;
 };
 
 } // namespace quorrel

@@ -8,7 +8,6 @@ namespace quorrel {
 frmPermissions::frmPermissions(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmPermissions>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kPermissions, ui->cmdHelp);
     ui->txtUserID->hide();
     QLineEdit* name = ui->cmbUser->lineEdit();
@@ -27,7 +26,7 @@ frmPermissions::frmPermissions(Session& session)
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
     On(ui->cmdDelete, &QPushButton::clicked, [this] { Delete(); });
     On(ui->cmdAutoLog, &QPushButton::clicked, [this] { ToggleAutoLogoff(); });
-    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
     for (QWidget* edited : std::initializer_list<QWidget*>{
              ui->frmUser, ui->frmRights, ui->cmdAdd, ui->cmdSave, ui->cmdDelete, ui->cmdAutoLog})
         edited->setEnabled(MayEdit());
@@ -99,21 +98,26 @@ ProgramUser frmPermissions::Typed(const QString& name) const {
 }
 
 /// Asks before what was typed gives way to something else.
-bool frmPermissions::MayDrop(const ProgramUser& typed) {
-    if (typed == m_shown)
-        return true;
-    const bool unnamed = !m_opened && typed.name == QLatin1String(kNewUserName);
-    const QString whom = m_opened ? m_opened->UserName : unnamed ? tr("the new user") : typed.name;
-    return m_session.boxes.Confirms(
-        tr("What you have entered for %1 is not saved. Go on without saving it?").arg(whom),
-        m_session.ProgramTitle);
+bool frmPermissions::MayDropUser(const ProgramUser& typed) {
+    return typed == m_shown ||
+           m_session.boxes.ConfirmsLoss(
+               tr("What you have entered for %1 is not saved. Go on without saving it?")
+                   .arg(NameOf(typed)),
+               m_session.ProgramTitle);
+}
+
+/// Whom the record on the form is of.
+QString frmPermissions::NameOf(const ProgramUser& typed) const {
+    if (m_opened)
+        return m_opened->UserName;
+    return typed.name == QLatin1String(kNewUserName) ? tr("the new user") : typed.name;
 }
 
 void frmPermissions::ChooseUser(int entry) {
     if (!MayEdit())
         return;
     const QString typedName = m_name;
-    if (!MayDrop(Typed(typedName))) {
+    if (!MayDropUser(Typed(typedName))) {
         ui->cmbUser->setEditText(typedName);
         return;
     }
@@ -130,7 +134,7 @@ void frmPermissions::ChooseUser(int entry) {
 }
 
 void frmPermissions::Add() {
-    if (!MayEdit() || !MayDrop(Typed(ui->cmbUser->currentText())))
+    if (!MayEdit() || !MayDropUser(Typed(ui->cmbUser->currentText())))
         return;
     FillUsers();
     ShowNewUser();
@@ -203,11 +207,10 @@ void frmPermissions::ShowAutoLogoff() {
     ui->lblAutoLog->setText(m_session.AutoLogoffActive ? tr("ON") : tr("OFF"));
 }
 
-bool frmPermissions::Unloading() {
-    if (MayEdit() && !MayDrop(Typed(ui->cmbUser->currentText())))
-        return false;
-    emit Closed();
-    return true;
+QString frmPermissions::Unsaved() const {
+    const ProgramUser typed = Typed(ui->cmbUser->currentText());
+    return MayEdit() && typed != m_shown ? tr("What you have entered for %1").arg(NameOf(typed))
+                                         : QString();
 }
 
 } // namespace quorrel

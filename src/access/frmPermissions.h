@@ -22,11 +22,8 @@ public:
     explicit frmPermissions(Session& session);
     ~frmPermissions() override;
 
-signals:
-    void Closed();
-
 protected:
-    bool Unloading() override;
+    QString Unsaved() const override;
 
 private:
     struct Right {
@@ -41,7 +38,8 @@ private:
     void ShowNewUser();
     void ShowAccount(const ProgramUsersRow& account);
     ProgramUser Typed(const QString& name) const;
-    bool MayDrop(const ProgramUser& typed);
+    bool MayDropUser(const ProgramUser& typed);
+    QString NameOf(const ProgramUser& typed) const;
     void ChooseUser(int entry);
     void Add();
     void Save();

@@ -24,268 +24,303 @@
 #include "systems/KeySystems.h"
 #include "systems/frmCreateFile.h"
 #include "systems/frmOpenFile.h"
+#include "widgets/Form.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/HelpWindow.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTimer>
 
 namespace quorrel {
 
-Program::Program(Session& session)
-    : m_session(session),
-      m_formsOfMain{
-          {QStringLiteral("frmAbout"), [this](auto&) { ShowAbout(); }},
-          {QStringLiteral("frmCompanyInfo"), [this](auto&) { ShowCompany(true); }},
-          {QStringLiteral("frmCreateFile"), [this](auto&) { ShowCreate(); }},
-          {QStringLiteral("frmDBLostKeys"), [this](auto&) { ShowLog(KeyLog::Lost); }},
-          {QStringLiteral("frmDBReturnKey"), [this](auto&) { ShowLog(KeyLog::Returned); }},
-          {QStringLiteral("frmDepartments"), [this](auto&) { ShowDepartments(); }},
-          {QStringLiteral("frmEditHardware"), [this](auto&) { ShowEditHardware(); }},
-          {QStringLiteral("frmDoors"), [this](auto& label) { ShowDoors(label); }},
-          {QStringLiteral("frmExit"), [this](auto&) { ShowExit(); }},
-          {QStringLiteral("frmKeyUsers"), [this](auto& number) { ShowKeyUsers(number); }},
-          {QStringLiteral("frmManufacturer"), [this](auto& brand) { ShowPinSizes(brand); }},
-          {QStringLiteral("frmNetwork"), [this](auto&) { ShowNetwork(); }},
-          {QStringLiteral("frmOpenFile"), [this](auto&) { ShowSystems(); }},
-          {QStringLiteral("frmPermissions"), [this](auto&) { ShowPermissions(); }}} {
+Program::Program(Session& session) : m_session(session), m_openers(FormsOfMain()) {
     qApp->installEventFilter(this);
 }
 
 Program::~Program() {
-    for (const auto& form : m_forms) {
+    for (const Loaded& form : m_forms) {
         // What hiding makes a form do, it does while it is still whole.
-        if (form)
-            form->hide();
-        delete form.data();
+        if (form.window)
+            form.window->hide();
+        delete form.window.data();
     }
 }
 
-/// Takes a new form into care and gives it what every form needs.
-template <class FormType>
-FormType* Program::Load(FormType* form) {
-    std::erase_if(m_forms, [](const QPointer<QWidget>& known) { return known.isNull(); });
-    m_forms.emplace_back(form);
-    connect(form, &FormType::HelpWanted, this, &Program::ShowHelp);
+/// The forms that the main form leads to by their names.
+std::map<QString, Program::Opener> Program::FormsOfMain() {
+    const auto name = [](const char* form) { return QString::fromLatin1(form); };
+    return {
+        {name("frmAbout"),
+         [this](auto& asking, auto&) { Open<frmAbout>(asking, SystemInformationTool()); }},
+        {name("frmCompanyInfo"),
+         [this](auto& asking, auto&) {
+             m_session.CompanyInfoEmpty = false;
+             Open<frmCompanyInfo>(asking);
+         }},
+        {name("frmDBLostKeys"),
+         [this](auto& asking, auto&) { Open<frmDBLostKeys>(asking, KeyLog::Lost); }},
+        {name("frmDBReturnKey"),
+         [this](auto& asking, auto&) { Open<frmDBLostKeys>(asking, KeyLog::Returned); }},
+        {name("frmDepartments"), [this](auto& asking, auto&) { Open<frmDepartments>(asking); }},
+        {name("frmEditHardware"), [this](auto& asking, auto&) { Open<frmEditHardware>(asking); }},
+        {name("frmDoors"),
+         [this](auto& asking, auto& label) {
+             auto* doors = Open<frmDoors>(asking);
+             if (!label.isEmpty())
+                 doors->AskFor(label);
+         }},
+        {name("frmExit"),
+         [this](auto& asking, auto&) {
+             When(Open<frmExit>(asking), &frmExit::Ended, [this] { End(); });
+         }},
+        {name("frmKeyUsers"),
+         [this](auto& asking, auto& number) {
+             auto* users = Open<frmKeyUsers>(asking);
+             if (!number.isEmpty())
+                 users->ShowHolder(number);
+         }},
+        {name("frmManufacturer"),
+         [this](auto& asking, auto& brand) { Open<frmManufacturer>(asking, brand); }},
+        {name("frmNetwork"), [this](auto& asking, auto&) { ShowNetwork(&asking); }},
+        {name("frmPermissions"), [this](auto& asking, auto&) { Open<frmPermissions>(asking); }}};
+}
+
+void Program::Guarded(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const std::exception& error) {
+        m_session.boxes.Message(QString::fromUtf8(error.what()), m_session.ProgramTitle,
+                                BoxButtons::Ok, BoxIcon::Warning);
+    }
+}
+
+template <class FormType, class... Arguments>
+FormType* Program::Load(Arguments&&... arguments) {
+    std::erase_if(m_forms, [](const Loaded& form) { return form.window.isNull(); });
+    auto* form = new FormType(m_session, std::forward<Arguments>(arguments)...);
+    m_forms.push_back({form, form});
+    When(&form->Events(), &FormEvents::HelpWanted, [this](int context) { ShowHelp(context); });
+    When(&form->Events(), &FormEvents::SystemLost, [this] { LeaveGoneSystem(); });
+    return form;
+}
+
+template <class FormType, class Signal, class Action>
+void Program::When(FormType* form, Signal signal, Action action) {
+    connect(form, signal, this,
+            [this, action](const auto&... arguments) { Guarded([&] { action(arguments...); }); });
+}
+
+FormCore& Program::CoreOf(QWidget& window) const {
+    for (const Loaded& form : m_forms)
+        if (form.window == &window)
+            return *form.core;
+    throw ProgrammingError("A window that is no form");
+}
+
+void Program::WhenClosed(QWidget& window, const std::function<void()>& action) {
+    FormCore& form = CoreOf(window);
+    When(&form.Events(), &FormEvents::Closed, [action, &form] {
+        action();
+        form.LetGo();
+    });
+}
+
+void Program::BringBack(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void Program::ShowOver(QWidget& next, QWidget& opener) {
+    const QPointer<QWidget> back = &opener;
+    WhenClosed(next, [this, back] {
+        if (back)
+            BringBack(*back);
+        else
+            End();
+    });
+    BringBack(next);
+    opener.hide();
+}
+
+void Program::ShowInsteadOf(QWidget& next, QWidget* former) {
+    BringBack(next);
+    if (former)
+        CoreOf(*former).LetGo();
+}
+
+/// Shows a working form over the one that asks for it.
+template <class FormType, class... Arguments>
+FormType* Program::Open(QWidget& asking, Arguments&&... arguments) {
+    auto* form = Load<FormType>(std::forward<Arguments>(arguments)...);
+    ShowOver(*form, asking);
     return form;
 }
 
 QWidget* Program::LoadedForm(const QString& objectName) const {
-    for (const auto& form : m_forms)
-        if (form && form->objectName() == objectName)
-            return form;
+    for (const Loaded& form : m_forms)
+        if (form.window && form.window->objectName() == objectName)
+            return form.window;
     return nullptr;
 }
 
+// From the start to the main form.
+
 void Program::Start(bool splash) {
-    auto* start = Load(new frmStart(m_session));
-    connect(start, &frmStart::FilesNotFound, this, [this, start](const QString& failure) {
-        start->close();
-        FilesNotFound(failure);
-    });
-    connect(start, &frmStart::FirstRunFound, this, [this, start] {
-        ShowFirst();
-        start->close();
-    });
-    connect(start, &frmStart::LogonWanted, this, [this, start] {
-        start->close();
-        ShowLogon();
-    });
+    auto* start = Load<frmStart>();
+    When(start, &frmStart::FilesNotFound,
+         [this, start](const QString& failure) { FilesNotFound(*start, failure); });
+    When(start, &frmStart::FirstRunFound, [this, start] { ShowFirst(*start); });
+    When(start, &frmStart::LogonWanted, [this, start] { ShowLogon(*start); });
     start->Begin(splash);
 }
 
-void Program::FilesNotFound(const QString& failure) {
+void Program::FilesNotFound(QWidget& start, const QString& failure) {
     m_session.boxes.Message(failure, QStringLiteral("Quorrel"), BoxButtons::Ok, BoxIcon::Warning);
     // The settings can point at other key files, but they lie in `Sysinfo.qvx` themselves.
-    if (m_session.SysinfoDatabase)
-        ShowNetwork();
-    else
+    if (!m_session.SysinfoDatabase) {
         End();
+        return;
+    }
+    ShowNetwork(nullptr);
+    CoreOf(start).LetGo();
 }
 
-void Program::ShowFirst() {
-    auto* first = Load(new frmFirst(m_session));
-    connect(first, &frmFirst::CompanyWanted, this, [this] { ShowCompany(false); });
-    connect(first, &frmFirst::Ended, this, &Program::End);
-    first->show();
+void Program::ShowFirst(QWidget& former) {
+    auto* first = Load<frmFirst>();
+    When(first, &frmFirst::CompanyWanted, [this, first] {
+        auto* company = Load<frmCompanyInfo>();
+        When(&company->Events(), &FormEvents::Closed, [this, company] { ShowLogon(*company); });
+        ShowInsteadOf(*company, first);
+    });
+    WhenClosed(*first, [this] { End(); });
+    ShowInsteadOf(*first, &former);
 }
 
-void Program::ShowLogon() {
-    auto* logon = Load(new frmLogon(m_session));
-    connect(logon, &frmLogon::LoggedOn, this, &Program::ShowSystems);
-    connect(logon, &frmLogon::Ended, this, &Program::End);
-    logon->show();
+void Program::ShowLogon(QWidget& former) {
+    auto* logon = Load<frmLogon>();
+    When(logon, &frmLogon::LoggedOn, [this, logon] { ShowSystems(logon); });
+    WhenClosed(*logon, [this] { End(); });
+    ShowInsteadOf(*logon, &former);
 }
 
-void Program::ShowSystems() {
+void Program::ShowSystems(QWidget* former) {
     if (ListKeySystems(m_session).empty()) {
-        ShowCreate();
+        ShowCreate(former);
         return;
     }
-    auto* systems = Load(new frmOpenFile(m_session));
-    connect(systems, &frmOpenFile::SystemOpened, this, &Program::ShowMain);
-    connect(systems, &frmOpenFile::NewSystemWanted, this, &Program::ShowCreate);
-    connect(systems, &frmOpenFile::NoSystems, this, &Program::ShowCreate);
-    connect(systems, &frmOpenFile::Ended, this, &Program::End);
-    systems->show();
+    auto* systems = Load<frmOpenFile>();
+    When(systems, &frmOpenFile::SystemOpened, [this, systems] { ShowMain(*systems); });
+    When(systems, &frmOpenFile::NewSystemWanted, [this, systems] { ShowCreate(systems); });
+    WhenClosed(*systems, [this] { End(); });
+    ShowInsteadOf(*systems, former);
 }
 
-void Program::ShowCreate() {
-    auto* create = Load(new frmCreateFile(m_session));
-    connect(create, &frmCreateFile::SystemCreated, this, &Program::ShowMain);
-    connect(create, &frmCreateFile::PinSizesWanted, this, &Program::ShowPinSizes);
-    connect(create, &frmCreateFile::Cancelled, this, &Program::ShowSystems);
-    connect(create, &frmCreateFile::Ended, this, &Program::End);
-    create->show();
-}
-
-void Program::ShowMain() {
-    if (!m_main) {
-        m_main = Load(new frmMain(m_session));
-        QSet<QString> names;
-        for (const auto& form : m_formsOfMain)
-            names.insert(form.first);
-        m_main->OfferForms(names);
-        const auto leadsTo = [this](auto signal, const char* form) {
-            connect(m_main, signal, this, [this, form](const QString& subject) {
-                ShowFromMain(QLatin1String(form), subject);
-            });
-        };
-        connect(m_main, &frmMain::FormWanted, this,
-                [this](const QString& form) { ShowFromMain(form); });
-        leadsTo(&frmMain::PinSizesWanted, "frmManufacturer");
-        leadsTo(&frmMain::DoorWanted, "frmDoors");
-        leadsTo(&frmMain::KeyUserWanted, "frmKeyUsers");
-        connect(m_main, &frmMain::LogoffWanted, this, &Program::ShowLogoff);
-        connect(m_main, &frmMain::PinningWanted, this, &Program::ShowPinning);
-        connect(m_main, &frmMain::HelpIndexWanted, this, &Program::ShowHelpIndex);
-    }
-    m_main->show();
-}
-
-void Program::ShowFromMain(const QString& formName, const QString& subject) {
-    m_formsOfMain.at(formName)(subject);
-}
-
-void Program::ShowCompany(bool fromMain) {
-    if (fromMain)
-        m_session.CompanyInfoEmpty = false;
-    auto* company = Load(new frmCompanyInfo(m_session));
-    connect(company, &frmCompanyInfo::Closed, this, [this, fromMain] {
-        if (fromMain)
-            ShowMain();
+void Program::ShowCreate(QWidget* former) {
+    auto* create = Load<frmCreateFile>();
+    When(create, &frmCreateFile::SystemCreated, [this, create] { ShowMain(*create); });
+    When(create, &frmCreateFile::PinSizesWanted,
+         [this, create](const QString& brand) { ShowPinSizesBeside(*create, brand); });
+    When(&create->Events(), &FormEvents::Closed, [this, create] {
+        // Where the file holds no system there is nothing to go back to.
+        if (ListKeySystems(m_session).empty())
+            End();
         else
-            ShowLogon();
+            ShowSystems(create);
     });
-    company->show();
+    ShowInsteadOf(*create, former);
 }
 
-void Program::ShowExit() {
-    auto* exit = Load(new frmExit(m_session));
-    connect(exit, &frmExit::Ended, this, &Program::End);
-    connect(exit, &frmExit::Cancelled, this, &Program::ShowMain);
-    exit->show();
-}
-
-void Program::ShowAbout() {
-    auto* about = Load(new frmAbout(m_session, SystemInformationTool()));
-    connect(about, &frmAbout::Closed, this, &Program::ShowMain);
-    about->show();
-}
-
-void Program::ShowLogoff() {
-    if (m_logoff)
-        return;
-    m_logoff = Load(new frmLogoff(m_session));
-    connect(m_logoff, &frmLogoff::Ended, this, &Program::End);
-    m_logoff->show();
-    m_logoff->raise();
-    m_logoff->activateWindow();
-}
-
-void Program::ShowPinSizes(const QString& brand) {
-    auto* sizes = Load(new frmManufacturer(m_session, brand));
-    connect(sizes, &frmManufacturer::Closed, this, [this] {
+void Program::ShowPinSizesBeside(frmCreateFile& create, const QString& brand) {
+    auto* sizes = Load<frmManufacturer>(brand);
+    const QPointer<QWidget> behind = &create;
+    WhenClosed(*sizes, [this, behind] {
         if (m_main)
-            ShowMain();
+            BringBack(*m_main);
+        else if (behind)
+            BringBack(*behind);
     });
-    sizes->show();
+    BringBack(*sizes);
 }
+
+void Program::ShowMain(QWidget& former) {
+    m_main = Load<frmMain>();
+    WatchMain(*m_main);
+    ShowInsteadOf(*m_main, &former);
+}
+
+void Program::WatchMain(frmMain& main) {
+    QSet<QString> names{QStringLiteral("frmOpenFile"), QStringLiteral("frmCreateFile")};
+    for (const auto& opener : m_openers)
+        names.insert(opener.first);
+    main.OfferForms(names);
+    When(&main, &frmMain::FormWanted, [this](const QString& form, const QString& subject) {
+        m_openers.at(form)(*m_main, subject);
+    });
+    When(&main, &frmMain::SystemLeft, [this](const QString& form) {
+        if (form == QLatin1String("frmCreateFile"))
+            ShowCreate(m_main);
+        else
+            ShowSystems(m_main);
+    });
+    When(&main.Events(), &FormEvents::Closed,
+         [this] { m_openers.at(QStringLiteral("frmExit"))(*m_main, {}); });
+    When(&main, &frmMain::LogoffWanted, [this] { ShowLogoff(); });
+    When(&main, &frmMain::PinningWanted,
+         [this](const PinningRequest& request) { ShowPinning(request); });
+    When(&main, &frmMain::HelpIndexWanted, [this] { Help().ShowIndex(); });
+}
+
+/// The open system has been deleted by somebody else: whatever works on it goes.
+void Program::LeaveGoneSystem() {
+    std::vector<Loaded> former;
+    std::swap(former, m_forms);
+    try {
+        ShowSystems(nullptr);
+    } catch (...) {
+        m_forms.insert(m_forms.end(), former.begin(), former.end());
+        throw;
+    }
+    for (const Loaded& form : former)
+        if (form.window)
+            form.core->LetGo();
+    m_forms.insert(m_forms.end(), former.begin(), former.end());
+}
+
+// Working forms.
 
 void Program::ShowPinning(const PinningRequest& request) {
     auto chart = LoadPinningChart(m_session, request);
     // The chart of a core has always asked for itself once more.
     if (chart && request.IsCore())
         chart = LoadPinningChart(m_session, request);
-    if (!chart)
+    if (chart)
+        Open<frmPinningChart>(*m_main, *chart);
+}
+
+/// Without a form that asks there is nothing to go back to: the files could not be opened.
+void Program::ShowNetwork(QWidget* asking) {
+    auto* network = Load<frmNetwork>();
+    When(network, &frmNetwork::MapFolderWanted, [this, network] {
+        auto* drive = Open<frmDrive>(*network, network->MapFolder());
+        connect(drive, &frmDrive::FolderChosen, network, &frmNetwork::SetMapFolder);
+    });
+    if (asking) {
+        ShowOver(*network, *asking);
+    } else {
+        WhenClosed(*network, [this] { End(); });
+        BringBack(*network);
+    }
+}
+
+void Program::ShowLogoff() {
+    if (m_logoff)
         return;
-    auto* form = Load(new frmPinningChart(m_session, *chart));
-    connect(form, &frmPinningChart::Closed, this, &Program::ShowMain);
-    m_main->hide();
-    form->show();
-}
-
-void Program::ShowNetwork() {
-    m_network = Load(new frmNetwork(m_session));
-    connect(m_network, &frmNetwork::MapFolderWanted, this, &Program::ShowDrive);
-    // Where the files could not be opened there is nothing to go back to.
-    connect(m_network, &frmNetwork::Closed, this, [this] {
-        if (m_main)
-            ShowMain();
-        else
-            End();
-    });
-    m_network->show();
-}
-
-void Program::ShowKeyUsers(const QString& number) {
-    auto* users = Load(new frmKeyUsers(m_session));
-    connect(users, &frmKeyUsers::Closed, this, &Program::ShowMain);
-    if (!number.isEmpty())
-        users->ShowHolder(number);
-    users->show();
-}
-
-void Program::ShowDepartments() {
-    auto* departments = Load(new frmDepartments(m_session));
-    connect(departments, &frmDepartments::Closed, this, &Program::ShowMain);
-    departments->show();
-}
-
-void Program::ShowEditHardware() {
-    auto* hardware = Load(new frmEditHardware(m_session));
-    connect(hardware, &frmEditHardware::Closed, this, &Program::ShowMain);
-    hardware->show();
-}
-
-void Program::ShowLog(KeyLog log) {
-    auto* form = Load(new frmDBLostKeys(m_session, log));
-    connect(form, &frmDBLostKeys::Closed, this, &Program::ShowMain);
-    form->show();
-}
-
-void Program::ShowPermissions() {
-    auto* permissions = Load(new frmPermissions(m_session));
-    connect(permissions, &frmPermissions::Closed, this, [this] {
-        if (m_main)
-            ShowMain();
-    });
-    permissions->show();
-}
-
-void Program::ShowDrive() {
-    auto* drive = Load(new frmDrive(m_session, m_network->MapFolder()));
-    connect(drive, &frmDrive::FolderChosen, m_network, &frmNetwork::SetMapFolder);
-    connect(drive, &frmDrive::Closed, m_network, &QWidget::show);
-    drive->show();
-}
-
-void Program::ShowDoors(const QString& label) {
-    auto* doors = Load(new frmDoors(m_session));
-    connect(doors, &frmDoors::Closed, this, &Program::ShowMain);
-    doors->show();
-    if (!label.isEmpty())
-        doors->AskFor(label);
+    m_logoff = Load<frmLogoff>();
+    When(m_logoff.data(), &frmLogoff::Ended, [this] { End(); });
+    WhenClosed(*m_logoff, [] {});
+    BringBack(*m_logoff);
 }
 
 HelpWindow& Program::Help() {
@@ -297,10 +332,6 @@ HelpWindow& Program::Help() {
 
 void Program::ShowHelp(int context) {
     Help().ShowTopic(context);
-}
-
-void Program::ShowHelpIndex() {
-    Help().ShowIndex();
 }
 
 bool Program::eventFilter(QObject* watched, QEvent* event) {
@@ -315,24 +346,36 @@ bool Program::eventFilter(QObject* watched, QEvent* event) {
         return false;
     for (auto* widget = static_cast<QWidget*>(watched); widget; widget = widget->parentWidget()) {
         if (const QVariant context = widget->property(kHelpContext); context.isValid()) {
-            ShowHelp(context.toInt());
+            Guarded([&] { ShowHelp(context.toInt()); });
             return true;
         }
     }
     return false;
 }
 
+/// Ends without asking any form: whatever was done is stored already. A box that is open is
+/// declined first, so that the action that asks in it comes to its end on forms and databases that
+/// still are.
 void Program::End() {
     if (std::exchange(m_ended, true))
         return;
-    // Unloaded without asking them: whatever was done is stored already.
-    for (auto form = m_forms.rbegin(); form != m_forms.rend(); ++form) {
-        if (!*form)
-            continue;
-        (*form)->hide();
-        (*form)->deleteLater();
-    }
+    m_session.boxes.End();
     m_help.reset();
+    for (const Loaded& form : m_forms)
+        if (form.window)
+            form.window->hide();
+    FinishEnd();
+}
+
+void Program::FinishEnd() {
+    if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        box->reject();
+        QTimer::singleShot(0, this, &Program::FinishEnd);
+        return;
+    }
+    for (auto form = m_forms.rbegin(); form != m_forms.rend(); ++form)
+        if (form->window)
+            form->core->LetGo();
     CloseDatabases(m_session);
     emit Ended();
 }

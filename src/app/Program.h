@@ -14,16 +14,17 @@ class QWidget;
 
 namespace quorrel {
 
-class Form;
+class FormCore;
 class HelpWindow;
+class frmCreateFile;
 class frmLogoff;
 class frmMain;
-class frmNetwork;
 enum class KeyLog;
 struct PinningRequest;
 
-/// The flow of the program: the only place that knows all forms. Forms ask for one another by
-/// signals; this shows, hides and unloads them.
+/// The flow of the program: the only place that knows all forms. Forms say what they want by
+/// signals; this brings up the next form first and only then takes the one before it away. What
+/// fails in between is told, and the form that asked stays.
 class Program : public QObject {
     Q_OBJECT
 
@@ -49,41 +50,58 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    template <class FormType>
-    FormType* Load(FormType* form);
-    void ShowFirst();
-    void ShowLogon();
-    void ShowSystems();
-    void ShowCreate();
-    void ShowMain();
-    void ShowFromMain(const QString& formName, const QString& subject = {});
-    void ShowCompany(bool fromMain);
-    void ShowExit();
-    void ShowAbout();
-    void ShowLogoff();
-    void ShowPinSizes(const QString& brand);
+    /// Shows a form in place of the one that asks for it, with what it is to bring up.
+    using Opener = std::function<void(QWidget& asking, const QString& subject)>;
+
+    struct Loaded {
+        QPointer<QWidget> window;
+        FormCore* core; ///< of that window
+    };
+
+    void Guarded(const std::function<void()>& action);
+
+    /// Makes a form and takes it into care; it is not shown yet.
+    template <class FormType, class... Arguments>
+    FormType* Load(Arguments&&... arguments);
+    /// What happens when the user leaves a form, before it goes.
+    void WhenClosed(QWidget& window, const std::function<void()>& action);
+    /// Runs a slot of a form's signal.
+    template <class FormType, class Signal, class Action>
+    void When(FormType* form, Signal signal, Action action);
+
+    /// Puts a form on the screen in place of others: the ones that lead to it hide and come back
+    /// when it is left, or go for good.
+    void ShowOver(QWidget& next, QWidget& opener);
+    void ShowInsteadOf(QWidget& next, QWidget* former);
+    void BringBack(QWidget& window);
+    FormCore& CoreOf(QWidget& window) const;
+
+    template <class FormType, class... Arguments>
+    FormType* Open(QWidget& asking, Arguments&&... arguments);
+
+    void FilesNotFound(QWidget& start, const QString& failure);
+    void ShowFirst(QWidget& former);
+    void ShowLogon(QWidget& former);
+    void ShowSystems(QWidget* former);
+    void ShowCreate(QWidget* former);
+    void ShowMain(QWidget& former);
+    void WatchMain(frmMain& main);
+    void LeaveGoneSystem();
     void ShowPinning(const PinningRequest& request);
-    void ShowNetwork();
-    void ShowKeyUsers(const QString& number = {});
-    void ShowDepartments();
-    void ShowEditHardware();
-    void ShowLog(KeyLog log);
-    void ShowPermissions();
-    void ShowDrive();
-    /// Shows the doors, with the door of a label if one is given.
-    void ShowDoors(const QString& label = {});
-    void ShowHelpIndex();
-    void FilesNotFound(const QString& failure);
+    void ShowPinSizesBeside(frmCreateFile& create, const QString& brand);
+    void ShowNetwork(QWidget* asking);
+    void ShowLogoff();
     HelpWindow& Help();
     void End();
+    void FinishEnd();
+
+    std::map<QString, Opener> FormsOfMain();
 
     Session& m_session;
-    /// The forms that the main form leads to, and what shows them. Some take what they are to
-    /// bring up.
-    const std::map<QString, std::function<void(const QString& subject)>> m_formsOfMain;
-    std::vector<QPointer<QWidget>> m_forms;
+    /// The forms that working forms lead to, and what shows them.
+    const std::map<QString, Opener> m_openers;
+    std::vector<Loaded> m_forms;
     QPointer<frmMain> m_main;
-    QPointer<frmNetwork> m_network;
     QPointer<frmLogoff> m_logoff;
     std::unique_ptr<HelpWindow> m_help;
     bool m_ended = false;

@@ -3,6 +3,7 @@
 #include "doors/DoorLists.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
 namespace quorrel {
@@ -11,36 +12,33 @@ namespace {
 
 struct KeyName {
     using Self = KeyName;
+    using Whole = PatternsRow;
     RowKey key = 0;
     QString Label;
 
-    static constexpr const char* kTable = "Patterns";
     static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(Label)}; }
 };
 
 /// A door's label and what it is assigned to: an update touches nothing else of the door.
 struct DoorKey {
     using Self = DoorKey;
+    using Whole = DoorsRow;
     RowKey key = 0;
     QString DoorLabel;
     QString CutsLabel;
 
-    static constexpr const char* kTable = "Doors";
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(CutsLabel)};
     }
 };
 
-Query OfSystem(const Session& session) {
-    return Query().Where("SystemNumber", session.ActiveSystemNumber);
-}
-
 /// The stored Key ID of the key that a line stands for; empty when it tells none.
 QString FindKeyID(Session& session, const QString& keyLine) {
     QString found;
-    Recordset<KeyName>(
-        session.Keys(),
-        OfSystem(session).WhereNot("Label", kUnnamed).OrderBy("PageNumber").OrderBy("Position"))
+    Recordset<KeyName>(session.Keys(), OfSystem<KeyName>(session)
+                                           .WhereNot(&PatternsRow::Label, kUnnamed)
+                                           .OrderBy(&PatternsRow::PageNumber)
+                                           .OrderBy(&PatternsRow::Position))
         .Walk([&](const KeyName& key) {
             qsizetype first = 0;
             while (first < key.Label.size() && key.Label[first] == u' ')
@@ -56,9 +54,9 @@ QString FindKeyID(Session& session, const QString& keyLine) {
 void GiveKey(Session& session, const QString& doorLine, const QString& cutsLabel) {
     Database& keys = session.Keys();
     const QString wanted = Padded(doorLine, kDoorColumn);
-    const auto doors =
-        Recordset<DoorKey>(keys, OfSystem(session).WhereBegins("DoorLabel", RightTrimmed(wanted)))
-            .Rows();
+    const auto doors = Recordset<DoorKey>(keys, OfSystem<DoorKey>(session).WhereBegins(
+                                                    &DoorsRow::DoorLabel, RightTrimmed(wanted)))
+                           .Rows();
     for (DoorKey door : doors) {
         if (Padded(door.DoorLabel, kDoorColumn) != wanted)
             continue;

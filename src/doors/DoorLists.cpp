@@ -3,6 +3,7 @@
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DoorTables.h"
+#include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
 #include <QSet>
@@ -16,12 +17,12 @@ namespace {
 /// What the lists tell of a door.
 struct ListedDoor {
     using Self = ListedDoor;
+    using Whole = DoorsRow;
     RowKey key = 0;
     double DoorID = 0;
     QString DoorLabel;
     QString DoorDescription;
 
-    static constexpr const char* kTable = "Doors";
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(DoorID), QUORREL_COLUMN(DoorLabel),
                           QUORREL_COLUMN(DoorDescription)};
@@ -31,10 +32,6 @@ struct ListedDoor {
     QString Line() const { return DoorLine(DoorLabel, DoorDescription); }
 };
 
-Query OfSystem(const Session& session) {
-    return Query().Where("SystemNumber", session.ActiveSystemNumber);
-}
-
 bool Begins(const QString& text, const QString& upper) {
     return text.left(upper.size()).toUpper() == upper;
 }
@@ -43,23 +40,24 @@ bool Begins(const QString& text, const QString& upper) {
 template <class Visit>
 void WalkDoors(Session& session, Visit&& visit) {
     const double base = static_cast<double>(session.ActiveSystemNumber) * kDoorIDStep;
-    Recordset<ListedDoor>(session.Keys(), OfSystem(session)).Walk([&](const ListedDoor& door) {
-        if (door.Hidden())
+    Recordset<ListedDoor>(session.Keys(), OfSystem<ListedDoor>(session))
+        .Walk([&](const ListedDoor& door) {
+            if (door.Hidden())
+                return true;
+            session.HighDoorNumber = std::max(session.HighDoorNumber, door.DoorID - base);
+            visit(door);
             return true;
-        session.HighDoorNumber = std::max(session.HighDoorNumber, door.DoorID - base);
-        visit(door);
-        return true;
-    });
+        });
 }
 
 /// Calls `visit` for each change key that has a Key ID.
 template <class Visit>
 void WalkKeys(Session& session, Visit&& visit) {
-    Recordset<NamedKeyRow>(session.Keys(), OfSystem(session)
-                                               .Where("Master", 0)
-                                               .WhereNot("Label", kUnnamed)
-                                               .OrderBy("PageNumber")
-                                               .OrderBy("Position"))
+    Recordset<NamedKeyRow>(session.Keys(), OfSystem<NamedKeyRow>(session)
+                                               .Where(&PatternsRow::Master, 0)
+                                               .WhereNot(&PatternsRow::Label, kUnnamed)
+                                               .OrderBy(&PatternsRow::PageNumber)
+                                               .OrderBy(&PatternsRow::Position))
         .Walk([&](const NamedKeyRow& key) {
             if (!key.Label.isEmpty() && key.Label[0] != u' ')
                 visit(key);
@@ -135,8 +133,8 @@ QStringList ListKeyedDoors(Session& session, const QString& keyLine) {
     if (keyLine.isEmpty())
         return lines;
     const QString keyID = Padded(keyLine, kKeyColumn);
-    Recordset<KeyedDoorRow>(session.Keys(),
-                            OfSystem(session).WhereBegins("CutsLabel", RightTrimmed(keyID)))
+    Recordset<KeyedDoorRow>(session.Keys(), OfSystem<KeyedDoorRow>(session).WhereBegins(
+                                                &DoorsRow::CutsLabel, RightTrimmed(keyID)))
         .Walk([&](const KeyedDoorRow& door) {
             if (Padded(door.CutsLabel, kKeyColumn) == keyID &&
                 !IsNoValue(door.DoorLabel + QStringLiteral("  ")))

@@ -4,6 +4,7 @@
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DayNumber.h"
+#include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
 #include <algorithm>
@@ -17,16 +18,12 @@ constexpr int kNewHardwareWidth = 50;
 /// What tells which door is meant.
 struct DoorName {
     using Self = DoorName;
+    using Whole = DoorsRow;
     RowKey key = 0;
     QString DoorLabel;
 
-    static constexpr const char* kTable = "Doors";
     static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(DoorLabel)}; }
 };
-
-Query OfSystem(const Session& session) {
-    return Query().Where("SystemNumber", session.ActiveSystemNumber);
-}
 
 /// Whether a typed label means the door of a stored one.
 bool Means(const QString& typed, const QString& stored) {
@@ -39,7 +36,8 @@ RowKey FindDoorInHand(Session& session, const QString& label) {
     // A label that is meant begins as the typed one does, up to the first four blanks in a row.
     const QString blanks(4, u' ');
     const QString begin = label.left((label + blanks).indexOf(blanks));
-    Recordset<DoorName>(session.Keys(), OfSystem(session).WhereBegins("DoorLabel", begin))
+    Recordset<DoorName>(session.Keys(),
+                        OfSystem<DoorName>(session).WhereBegins(&DoorsRow::DoorLabel, begin))
         .Walk([&](const DoorName& door) {
             if (Means(label, door.DoorLabel))
                 found = door.key;
@@ -64,8 +62,9 @@ void TakeText(Session& session, const DoorText& text, DoorsRow& door) {
 /// The number of a new door: above those that were met and those that any workstation has given.
 double NextDoorID(Session& session) {
     const double base = static_cast<double>(session.ActiveSystemNumber) * kDoorIDStep;
-    const auto highest = static_cast<double>(
-        Recordset<DoorsRow>(session.Keys(), OfSystem(session)).Largest("DoorID"));
+    const auto highest =
+        static_cast<double>(Recordset<DoorsRow>(session.Keys(), OfSystem<DoorsRow>(session))
+                                .Largest(&DoorsRow::DoorID));
     session.HighDoorNumber = std::max(session.HighDoorNumber, highest - base) + 1;
     return base + session.HighDoorNumber;
 }
@@ -86,22 +85,24 @@ void AddDoor(Session& session, const DoorText& text) {
 } // namespace
 
 std::optional<DoorsRow> FindDoor(Session& session, const QString& label) {
-    return Recordset<DoorsRow>(session.Keys(), OfSystem(session).Where("DoorLabel", label)).First();
+    return Recordset<DoorsRow>(session.Keys(),
+                               OfSystem<DoorsRow>(session).Where(&DoorsRow::DoorLabel, label))
+        .First();
 }
 
 std::optional<DoorsRow> LoadDoorRecord(Session& session, const QString& label) {
     auto door = FindDoor(session, label);
     if (!door)
         return std::nullopt;
-    session.CurrentDoorID = door->DoorID;
-    session.CurrentDoorLabel = door->DoorLabel;
+    session.door.CurrentDoorID = door->DoorID;
+    session.door.CurrentDoorLabel = door->DoorLabel;
     // A door that is not placed leaves the place that was in hand.
     if (door->Coordx > 0)
-        session.CurrentDoorX = door->Coordx;
+        session.door.CurrentDoorX = door->Coordx;
     if (door->CoordY > 0)
-        session.CurrentDoorY = door->CoordY;
+        session.door.CurrentDoorY = door->CoordY;
     if (door->LinkMapID != 0)
-        session.CurrentDoorLinkMapID = door->LinkMapID;
+        session.door.CurrentDoorLinkMapID = door->LinkMapID;
     return door;
 }
 
@@ -112,7 +113,7 @@ std::optional<QString> SaveDoorRecord(Session& session, const DoorText& text) {
     Transaction transaction(keys);
     QString stored = text.label;
     if (const RowKey key = FindDoorInHand(session, text.label)) {
-        auto door = Recordset<DoorsRow>(keys, Query().Where("RowKey", key)).First();
+        auto door = Recordset<DoorsRow>(keys, Query<DoorsRow>().WhereKey(key)).First();
         TakeText(session, text, *door);
         Recordset<DoorsRow>::Update(keys, *door);
         stored = door->DoorLabel;
@@ -124,7 +125,7 @@ std::optional<QString> SaveDoorRecord(Session& session, const DoorText& text) {
 }
 
 bool HasDoors(Session& session) {
-    return !Recordset<DoorName>(session.Keys(), OfSystem(session)).Empty();
+    return !Recordset<DoorName>(session.Keys(), OfSystem<DoorName>(session)).Empty();
 }
 
 void DeleteDoorRecord(Session& session, const QString& label) {
@@ -132,22 +133,18 @@ void DeleteDoorRecord(Session& session, const QString& label) {
     const auto door = FindDoor(session, label);
     if (!door)
         return;
-    Recordset<DoorsRow>(session.Keys(), Query().Where("RowKey", door->key)).DeleteAll();
+    Recordset<DoorsRow>(session.Keys(), Query<DoorsRow>().WhereKey(door->key)).DeleteAll();
     transaction.Commit();
 }
 
 qint64 CountHardware(Session& session, const QString& hardware) {
-    return Recordset<DoorsRow>(session.Keys(), OfSystem(session).Where("Text1", hardware)).Count();
+    return Recordset<DoorsRow>(session.Keys(),
+                               OfSystem<DoorsRow>(session).Where(&DoorsRow::Text1, hardware))
+        .Count();
 }
 
 QString KeyedCaption(int day) {
     return day == 0 ? QStringLiteral("Keyed") : QStringLiteral("Keyed - ") + DayText(day);
-}
-
-bool SystemIsIC(Session& session) {
-    return !Recordset<PatternsRow>(session.Keys(),
-                                   OfSystem(session).Where("Position", kControlPosition))
-                .Empty();
 }
 
 } // namespace quorrel

@@ -43,7 +43,4 @@ qint64 CountHardware(Session& session, const QString& hardware);
 /// What the tick box of a keyed door says, from the day in `Long1`: "Keyed - 03/27/1999".
 QString KeyedCaption(int day);
 
-/// Whether the open system is one of interchangeable cores.
-bool SystemIsIC(Session& session);
-
 } // namespace quorrel

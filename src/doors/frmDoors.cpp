@@ -27,17 +27,15 @@ QString InQuestion(const QString& label) {
 frmDoors::frmDoors(Session& session, const DoorWindows& offered)
     : Form(session), ui(std::make_unique<Ui::frmDoors>()), m_offered(offered) {
     ui->setupUi(this);
-    PlaceOnScreen(*this, 0.25);
+    PlaceAt(0.25, 0.25);
     OfferHelp(help::kDoors);
     OfferWindows();
     Guarded([this] { LoadDoorLists(); });
     WatchRecord();
     WatchLists();
-    On(ui->cmdHelp, &QPushButton::clicked, [this] { emit HelpWanted(help::kDoorAssignment); });
-    On(ui->cmdDone, &QPushButton::clicked, [this] {
-        m_done = true;
-        close();
-    });
+    On(ui->cmdHelp, &QPushButton::clicked,
+       [this] { emit Events().HelpWanted(help::kDoorAssignment); });
+    On(ui->cmdDone, &QPushButton::clicked, [this] { Leave(); });
 }
 
 frmDoors::~frmDoors() = default;
@@ -262,14 +260,13 @@ void frmDoors::Remove() {
 }
 
 void frmDoors::OpenMapForDoor() {
-    m_session.CurrentDoorColour = kTargetColour;
+    m_session.door.CurrentDoorColour = kTargetColour;
     KeepRecord();
-    m_session.MapDoorLabel = ui->cmbDoorLabel->currentText();
-    m_session.MapDoorKeyID = ui->txtKeyedTo->text();
+    m_session.door.MapDoorLabel = ui->cmbDoorLabel->currentText();
+    m_session.door.MapDoorKeyID = ui->txtKeyedTo->text();
     m_away = true;
     emit MapWanted();
-    hide();
-    m_session.CurrentDoorX = m_session.CurrentDoorY = 0;
+    m_session.door.CurrentDoorX = m_session.door.CurrentDoorY = 0;
 }
 
 void frmDoors::OpenCrossKeyPage() {
@@ -277,29 +274,16 @@ void frmDoors::OpenCrossKeyPage() {
         return;
     KeepRecord();
     m_away = true;
-    hide();
     emit CrossKeyWanted({ui->cmbDoorLabel->currentText(), ui->txtDoorID->text(),
                          ui->txtDoorDescription->toPlainText(), ui->txtDoorLocation->toPlainText(),
-                         SystemIsIC(m_session)});
+                         m_session.System.SystemIsIC});
 }
 
-/// What was typed for a door is not dropped without a word when the window is closed. The button
-/// to leave by has always done without a question.
-void frmDoors::OfferToSave() {
+QString frmDoors::Unsaved() const {
     const DoorText typed = TypedRecord();
     if (typed == m_shown || RightTrimmed(typed.label).isEmpty() || !MayAssign())
-        return;
-    if (m_session.boxes.Confirms(
-            tr("The door %1 is not saved. Save it now?").arg(InQuestion(typed.label)),
-            m_session.ProgramTitle))
-        SaveDoorRecord(m_session, typed);
-}
-
-bool frmDoors::Unloading() {
-    if (!m_done)
-        OfferToSave();
-    emit Closed();
-    return true;
+        return {};
+    return tr("What you have typed for door %1").arg(InQuestion(typed.label));
 }
 
 } // namespace quorrel

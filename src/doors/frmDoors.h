@@ -43,11 +43,10 @@ signals:
     void MapWanted();
     /// A cross-key page is wanted; this form hides until it is shown again.
     void CrossKeyWanted(const CrossKeyDoor& door);
-    void Closed();
 
 protected:
     void Activated() override;
-    bool Unloading() override;
+    QString Unsaved() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -74,7 +73,6 @@ private:
     void KeepRecord();
     void Save();
     void Delete();
-    void OfferToSave();
     void Assign();
     void Remove();
     void OpenMapForDoor();
@@ -84,7 +82,6 @@ private:
     DoorWindows m_offered;
     DoorText m_shown;    ///< the record as it came up
     bool m_away = false; ///< hidden while another window works on the door
-    bool m_done = false; ///< left by its button
 };
 
 } // namespace quorrel

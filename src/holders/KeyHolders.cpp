@@ -4,6 +4,7 @@
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DoorTables.h"
+#include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
 #include <algorithm>
@@ -11,10 +12,6 @@
 namespace quorrel {
 
 namespace {
-
-Query OfSystem(const Session& session) {
-    return Query().Where("SystemNumber", session.ActiveSystemNumber);
-}
 
 template <class Holder>
 QString LineOf(const Holder& holder, HolderColumn column) {
@@ -34,7 +31,7 @@ void LearnDepartment(Session& session, const QString& department) {
     if (department.size() < 2)
         return;
     const QString name = department.toUpper();
-    Recordset<DepartmentRow>(session.Keys(), OfSystem(session))
+    Recordset<DepartmentRow>(session.Keys(), OfSystem<DepartmentRow>(session))
         .Walk([&](const DepartmentRow& known) {
             if (name.left(known.Department.size()) == known.Department.toUpper())
                 session.DepartmentFound = true;
@@ -61,21 +58,23 @@ QString NumberOfLine(const QString& line) {
 QStringList ListHolders(Session& session, HolderColumn column, const QString& begin) {
     const QString wanted = begin.toUpper();
     QStringList lines;
-    Recordset<HolderNameRow>(session.Keys(), OfSystem(session)).Walk([&](const HolderNameRow& row) {
-        const QString& searched = column == HolderColumn::UserID     ? row.UserIDNumber
-                                  : column == HolderColumn::LastName ? row.Lastname
-                                                                     : row.Firstname;
-        if (wanted.isEmpty() || searched.left(begin.size()).toUpper() == wanted)
-            lines.append(LineOf(row, column));
-        return true;
-    });
+    Recordset<HolderNameRow>(session.Keys(), OfSystem<HolderNameRow>(session))
+        .Walk([&](const HolderNameRow& row) {
+            const QString& searched = column == HolderColumn::UserID     ? row.UserIDNumber
+                                      : column == HolderColumn::LastName ? row.Lastname
+                                                                         : row.Firstname;
+            if (wanted.isEmpty() || searched.left(begin.size()).toUpper() == wanted)
+                lines.append(LineOf(row, column));
+            return true;
+        });
     return lines;
 }
 
 std::optional<KeyUsersRow> FindHolder(Session& session, const QString& number) {
     if (number.isEmpty())
         return std::nullopt;
-    return Recordset<KeyUsersRow>(session.Keys(), OfSystem(session).Where("UserIDNumber", number))
+    return Recordset<KeyUsersRow>(session.Keys(), OfSystem<KeyUsersRow>(session).Where(
+                                                      &KeyUsersRow::UserIDNumber, number))
         .First();
 }
 
@@ -95,7 +94,9 @@ HolderSaved SaveHolder(Session& session, KeyUsersRow holder) {
         Recordset<KeyUsersRow>::Update(keys, holder);
     } else {
         holder.UserID =
-            static_cast<int>(Recordset<KeyUsersRow>(keys, OfSystem(session)).Largest("UserID") + 1);
+            static_cast<int>(Recordset<KeyUsersRow>(keys, OfSystem<KeyUsersRow>(session))
+                                 .Largest(&KeyUsersRow::UserID) +
+                             1);
         Recordset<KeyUsersRow>::Add(keys, holder);
         LearnDepartment(session, department);
     }
@@ -107,21 +108,25 @@ HolderDeleted DeleteHolder(Session& session, const QString& line) {
     Database& keys = session.Keys();
     Transaction transaction(keys);
     const QString number = NumberOfLine(line);
-    if (!Recordset<UsertoUnitRow>(keys, OfSystem(session).Where("UserID", number)).Empty())
+    if (!Recordset<UsertoUnitRow>(
+             keys, OfSystem<UsertoUnitRow>(session).Where(&UsertoUnitRow::UserID, number))
+             .Empty())
         return HolderDeleted::HasKeys;
     // A number with a blank in it is not the one that the line seems to begin with.
     std::optional<HolderNameRow> found;
-    Recordset<HolderNameRow>(keys, OfSystem(session)).Walk([&](const HolderNameRow& row) {
-        if (LineOf(row, HolderColumn::UserID) == line)
-            found = row;
-        return !found;
-    });
+    Recordset<HolderNameRow>(keys, OfSystem<HolderNameRow>(session))
+        .Walk([&](const HolderNameRow& row) {
+            if (LineOf(row, HolderColumn::UserID) == line)
+                found = row;
+            return !found;
+        });
     if (!found)
         return HolderDeleted::NotFound;
-    if (!Recordset<UsertoUnitRow>(keys, OfSystem(session).Where("UserID", found->UserIDNumber))
+    if (!Recordset<UsertoUnitRow>(keys, OfSystem<UsertoUnitRow>(session).Where(
+                                            &UsertoUnitRow::UserID, found->UserIDNumber))
              .Empty())
         return HolderDeleted::HasKeys;
-    Recordset<KeyUsersRow>(keys, Query().Where("RowKey", found->key)).DeleteAll();
+    Recordset<KeyUsersRow>(keys, Query<KeyUsersRow>().WhereKey(found->key)).DeleteAll();
     transaction.Commit();
     return HolderDeleted::Deleted;
 }

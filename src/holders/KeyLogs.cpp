@@ -2,6 +2,7 @@
 
 #include "platform/Recordset.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 
 #include <algorithm>
 #include <numeric>
@@ -10,25 +11,19 @@ namespace quorrel {
 
 namespace {
 
-constexpr std::array<const char*, kLogTexts> kTextColumns = {
-    "Date", "Time", "KeyID", "UnitID", "UserName", "UserDepartment", "Report", "LoggedUser"};
-
 /// The texts of a row, in the order of the columns.
 template <class Row>
 constexpr std::array<QString Row::*, kLogTexts> kTexts = {
     &Row::Date,     &Row::Time,           &Row::KeyID,  &Row::UnitID,
     &Row::UserName, &Row::UserDepartment, &Row::Report, &Row::LoggedUser};
 
-int& NumberOf(ReturnKeyRow& row) {
-    return row.ReturnID;
-}
-int& NumberOf(LostKeysRow& row) {
-    return row.LostID;
-}
-
-const char* NumberColumn(KeyLog log) {
-    return log == KeyLog::Lost ? "LostID" : "ReturnID";
-}
+/// The column of a log's own running number.
+template <class Row>
+constexpr int Row::*kNumber = nullptr;
+template <>
+constexpr int ReturnKeyRow::*kNumber<ReturnKeyRow> = &ReturnKeyRow::ReturnID;
+template <>
+constexpr int LostKeysRow::*kNumber<LostKeysRow> = &LostKeysRow::LostID;
 
 /// Runs an action that is written once for the rows of either table.
 template <class Action>
@@ -40,7 +35,7 @@ template <class Row>
 LogEntry EntryOf(Row row) {
     LogEntry entry;
     entry.key = row.key;
-    entry.number = NumberOf(row);
+    entry.number = row.*kNumber<Row>;
     for (std::size_t i = 0; i < entry.texts.size(); ++i)
         entry.texts[i] = row.*kTexts<Row>[i];
     return entry;
@@ -50,15 +45,11 @@ template <class Row>
 Row RowOf(const LogEntry& entry, int systemNumber) {
     Row row;
     row.key = entry.key;
-    NumberOf(row) = entry.number;
+    row.*kNumber<Row> = entry.number;
     for (std::size_t i = 0; i < entry.texts.size(); ++i)
         row.*kTexts<Row>[i] = entry.texts[i];
     row.SystemNumber = systemNumber;
     return row;
-}
-
-Query OfSystem(Session& session) {
-    return Query().Where("SystemNumber", session.ActiveSystemNumber);
 }
 
 std::optional<LogEntry> FindEntry(Session& session, KeyLog log, RowKey key) {
@@ -73,20 +64,14 @@ struct ColumnOfRows {
     std::vector<RowKey> keys;
 };
 
-template <class Value>
-ColumnOfRows<Value> ReadColumn(Session& session, const char* table, const char* column) {
-    Value value{};
-    RowKey key = 0;
-    const Query query = OfSystem(session);
-    Cursor cursor(session.Keys(),
-                  "SELECT " + Query::Quoted(column) + ", " + Query::Quoted("RowKey") + " FROM " +
-                      Query::Quoted(table) + query.Selection() + query.Order(),
-                  query.Values(), {FieldRef(&value), FieldRef(&key)});
+template <class Row, class Value>
+ColumnOfRows<Value> ReadColumn(Session& session, Value Row::*column) {
     ColumnOfRows<Value> rows;
-    while (cursor.Next()) {
-        rows.values.push_back(value);
-        rows.keys.push_back(key);
-    }
+    Recordset<Row>(session.Keys(), OfSystem<Row>(session))
+        .WalkColumn(column, [&](const Value& value, RowKey key) {
+            rows.values.push_back(value);
+            rows.keys.push_back(key);
+        });
     return rows;
 }
 
@@ -158,19 +143,6 @@ std::vector<RowKey> SortedKeys(const ColumnOfRows<int>& rows) {
     return keys;
 }
 
-std::vector<RowKey> KeysInTableOrder(Session& session, const char* table) {
-    RowKey key = 0;
-    const Query query = OfSystem(session);
-    Cursor cursor(session.Keys(),
-                  "SELECT " + Query::Quoted("RowKey") + " FROM " + Query::Quoted(table) +
-                      query.Selection() + query.Order(),
-                  query.Values(), {FieldRef(&key)});
-    std::vector<RowKey> keys;
-    while (cursor.Next())
-        keys.push_back(key);
-    return keys;
-}
-
 /// The changes of which the stored row is not any more what was read. Within the caller's
 /// transaction.
 std::vector<LogConflict> FindConflicts(Session& session, KeyLog log,
@@ -194,30 +166,33 @@ bool LogEntry::IsBlank() const {
 }
 
 QStringList LogColumns(KeyLog log) {
-    QStringList names;
-    for (const char* name : kTextColumns)
-        names.append(QLatin1String(name));
-    return names << QLatin1String(NumberColumn(log));
+    return WithRowOf(log, []<class Row>(const Row&) {
+        QStringList names;
+        for (const auto column : kTexts<Row>)
+            names.append(QLatin1String(ColumnName(column)));
+        return names << QLatin1String(ColumnName(kNumber<Row>));
+    });
 }
 
 std::vector<RowKey> ListLog(Session& session, KeyLog log, std::optional<int> sortedBy) {
-    const char* table = log == KeyLog::Lost ? LostKeysRow::kTable : ReturnKeyRow::kTable;
-    if (!sortedBy)
-        return KeysInTableOrder(session, table);
-    if (*sortedBy == kLogTexts)
-        return SortedKeys(ReadColumn<int>(session, table, NumberColumn(log)));
-    return SortedKeys(
-        ReadColumn<QString>(session, table, kTextColumns.at(static_cast<std::size_t>(*sortedBy))));
+    return WithRowOf(log, [&]<class Row>(const Row&) {
+        if (!sortedBy)
+            return ReadColumn(session, &Row::SystemNumber).keys;
+        if (*sortedBy == kLogTexts)
+            return SortedKeys(ReadColumn(session, kNumber<Row>));
+        return SortedKeys(ReadColumn(session, kTexts<Row>.at(static_cast<std::size_t>(*sortedBy))));
+    });
 }
 
 std::unordered_map<RowKey, LogEntry> ReadLog(Session& session, KeyLog log,
                                              const std::vector<RowKey>& keys) {
     return WithRowOf(log, [&]<class Row>(const Row&) {
         std::unordered_map<RowKey, LogEntry> entries;
-        Recordset<Row>(session.Keys(), OfSystem(session).WhereKeys(keys)).Walk([&](const Row& row) {
-            entries.emplace(row.key, EntryOf(row));
-            return true;
-        });
+        Recordset<Row>(session.Keys(), OfSystem<Row>(session).WhereKeys(keys))
+            .Walk([&](const Row& row) {
+                entries.emplace(row.key, EntryOf(row));
+                return true;
+            });
         return entries;
     });
 }
@@ -229,7 +204,7 @@ std::vector<LogConflict> WriteLog(Session& session, KeyLog log, std::vector<LogC
         auto conflicts = FindConflicts(session, log, changes);
         if (!conflicts.empty())
             return conflicts;
-        auto number = static_cast<int>(Recordset<Row>(keys).Largest(NumberColumn(log)));
+        auto number = static_cast<int>(Recordset<Row>(keys).Largest(kNumber<Row>));
         std::vector<LogChange> written = changes;
         for (auto& [read, wanted] : written) {
             if (read.key == 0)
@@ -253,7 +228,7 @@ std::optional<LogConflict> DeleteLogEntry(Session& session, KeyLog log, const Lo
         const auto stored = FindEntry(session, log, read.key);
         if (stored && *stored != read)
             return LogConflict{read.key, stored};
-        Recordset<Row>(session.Keys(), OfSystem(session).Where("RowKey", read.key)).DeleteAll();
+        Recordset<Row>(session.Keys(), OfSystem<Row>(session).WhereKey(read.key)).DeleteAll();
         transaction.Commit();
         return std::nullopt;
     });

@@ -6,6 +6,7 @@
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DayNumber.h"
+#include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
 #include <QHash>
@@ -31,12 +32,10 @@ QString TextOf(const HolderNameRow& holder) {
     return holder.UserIDNumber + u' ' + holder.Lastname + u' ' + holder.Firstname;
 }
 
-Query OfSystem(const Session& session) {
-    return Query().Where("SystemNumber", session.ActiveSystemNumber);
-}
-
-Query OfKey(const Session& session, const QString& keyID) {
-    return OfSystem(session).WhereTrimmed("KeyID", RightTrimmed(keyID.left(kKeyIDWidth)));
+template <class Row>
+Query<WholeOf<Row>> OfKey(const Session& session, const QString& keyID) {
+    return OfSystem<Row>(session).WhereTrimmed(&WholeOf<Row>::KeyID,
+                                               RightTrimmed(keyID.left(kKeyIDWidth)));
 }
 
 bool SameUnit(const QString& one, const QString& other) {
@@ -52,7 +51,9 @@ QString WithoutSuffix(const QString& unit) {
 }
 
 bool IsHeld(Session& session, const QString& keyID, const QString& unit) {
-    return !Recordset<UsertoUnitRow>(session.Keys(), OfKey(session, keyID).Where("UnitID", unit))
+    return !Recordset<UsertoUnitRow>(
+                session.Keys(),
+                OfKey<UsertoUnitRow>(session, keyID).Where(&UsertoUnitRow::UnitID, unit))
                 .Empty();
 }
 
@@ -60,9 +61,9 @@ bool IsHeld(Session& session, const QString& keyID, const QString& unit) {
 QHash<QString, QStringList> TextsOfHolders(Session& session, const QStringList& numbers) {
     QHash<QString, QStringList> texts;
     for (qsizetype at = 0; at < numbers.size(); at += kHoldersAtATime)
-        Recordset<HolderNameRow>(
-            session.Keys(),
-            OfSystem(session).WhereAny("UserIDNumber", numbers.mid(at, kHoldersAtATime)))
+        Recordset<HolderNameRow>(session.Keys(),
+                                 OfSystem<HolderNameRow>(session).WhereAny(
+                                     &KeyUsersRow::UserIDNumber, numbers.mid(at, kHoldersAtATime)))
             .Walk([&](const HolderNameRow& holder) {
                 texts[holder.UserIDNumber].append(TextOf(holder));
                 return true;
@@ -75,8 +76,9 @@ std::optional<UsertoUnitRow> RepairBrokenRow(Session& session) {
     // Two look-ups through the index; the engine would walk all units for both at once.
     const auto broken = [&]() -> std::optional<UsertoUnitRow> {
         std::vector<UsertoUnitRow> rows;
-        for (const Query& query :
-             {OfSystem(session).Where("UserID", QString()), OfSystem(session).WhereNull("UserID")})
+        using Unit = UsertoUnitRow;
+        for (const auto& query : {OfSystem<Unit>(session).Where(&Unit::UserID, QString()),
+                                  OfSystem<Unit>(session).WhereNull(&Unit::UserID)})
             for (const UsertoUnitRow& row : Recordset<UsertoUnitRow>(session.Keys(), query).Rows())
                 rows.push_back(row);
         const auto first = std::min_element(
@@ -90,7 +92,8 @@ std::optional<UsertoUnitRow> RepairBrokenRow(Session& session) {
     Transaction transaction(session.Keys());
     const auto row = broken();
     if (row)
-        Recordset<UsertoUnitRow>(session.Keys(), Query().Where("RowKey", row->key)).DeleteAll();
+        Recordset<UsertoUnitRow>(session.Keys(), Query<UsertoUnitRow>().WhereKey(row->key))
+            .DeleteAll();
     transaction.Commit();
     return row;
 }
@@ -109,11 +112,11 @@ void AddUnit(Session& session, const QString& keyID, const QString& unit, qint64
 
 /// Adds one row to the log of returned or of lost keys.
 template <class Log>
-void AddToLog(Session& session, int Log::*number, const char* column, const QString& keyID,
-              const QString& unit, const KeyUsersRow& holder, const QString& note) {
+void AddToLog(Session& session, int Log::*number, const QString& keyID, const QString& unit,
+              const KeyUsersRow& holder, const QString& note) {
     const QDateTime now = session.clock();
     Log row;
-    row.*number = static_cast<int>(Recordset<Log>(session.Keys()).Largest(column) + 1);
+    row.*number = static_cast<int>(Recordset<Log>(session.Keys()).Largest(number) + 1);
     row.Date = now.date().toString(Qt::ISODate);
     row.Time = now.time().toString(Qt::ISODate);
     row.KeyID = Padded(keyID, kKeyIDWidth);
@@ -131,11 +134,11 @@ void AddToLog(Session& session, int Log::*number, const char* column, const QStr
 QStringList ListKeys(Session& session, const QString& begin) {
     const QString wanted = begin.toUpper();
     QStringList lines;
-    Recordset<NamedKeyRow>(session.Keys(), OfSystem(session)
-                                               .WhereNot("Label", kUnnamed)
-                                               .WhereBelow("Position", kPositionsListed)
-                                               .OrderBy("PageNumber")
-                                               .OrderBy("Position"))
+    Recordset<NamedKeyRow>(session.Keys(), OfSystem<NamedKeyRow>(session)
+                                               .WhereNot(&PatternsRow::Label, kUnnamed)
+                                               .WhereBelow(&PatternsRow::Position, kPositionsListed)
+                                               .OrderBy(&PatternsRow::PageNumber)
+                                               .OrderBy(&PatternsRow::Position))
         .Walk([&](const NamedKeyRow& key) {
             if (key.Label.isEmpty() || key.Label[0] == u' ' ||
                 key.Label.left(begin.size()).toUpper() != wanted)
@@ -155,13 +158,14 @@ FreeUnits ListFreeUnits(Session& session, const QString& keyID) {
     if (keyID.trimmed().isEmpty())
         return found;
     QSet<QString> held;
-    Recordset<UsertoUnitRow>(session.Keys(), OfKey(session, keyID))
+    Recordset<UsertoUnitRow>(session.Keys(), OfKey<UsertoUnitRow>(session, keyID))
         .Walk([&](const UsertoUnitRow& row) {
             held.insert(row.UnitID);
             return true;
         });
     double high = 0;
-    Recordset<KeyUnitRow>(session.Keys(), OfKey(session, keyID).OrderBy("UnitIDNumber"))
+    Recordset<KeyUnitRow>(session.Keys(),
+                          OfKey<KeyUnitRow>(session, keyID).OrderBy(&KeyUnitRow::UnitIDNumber))
         .Walk([&](const KeyUnitRow& row) {
             const double value = Val(row.UnitID);
             if (value > high || (high == 0 && found.last < row.UnitID)) {
@@ -184,8 +188,9 @@ HeldUnits ListHeldUnits(Session& session, const QString& keyID) {
                             .arg(broken->KeyID, broken->UnitID);
     if (keyID.trimmed().isEmpty())
         return held;
-    const auto rows = Recordset<UsertoUnitRow>(
-                          session.Keys(), OfKey(session, keyID).OrderBy("KeyID").OrderBy("UnitID"))
+    const auto rows = Recordset<UsertoUnitRow>(session.Keys(), OfKey<UsertoUnitRow>(session, keyID)
+                                                                   .OrderBy(&UsertoUnitRow::KeyID)
+                                                                   .OrderBy(&UsertoUnitRow::UnitID))
                           .Rows();
     QStringList numbers;
     for (const UsertoUnitRow& row : rows)
@@ -208,9 +213,10 @@ QStringList ListUnitsOf(Session& session, const QString& number) {
     QStringList lines;
     if (number.isEmpty())
         return lines;
-    Recordset<UsertoUnitRow>(
-        session.Keys(),
-        OfSystem(session).Where("UserID", number).OrderBy("KeyID").OrderBy("UnitID"))
+    Recordset<UsertoUnitRow>(session.Keys(), OfSystem<UsertoUnitRow>(session)
+                                                 .Where(&UsertoUnitRow::UserID, number)
+                                                 .OrderBy(&UsertoUnitRow::KeyID)
+                                                 .OrderBy(&UsertoUnitRow::UnitID))
         .Walk([&](const UsertoUnitRow& row) {
             const QString day =
                 row.KeyUsersID == 0 ? QString() : QStringLiteral(" - ") + DayText(row.KeyUsersID);
@@ -240,11 +246,13 @@ Issued IssueUnits(Session& session, const QString& keyID, const QString& first,
     Transaction transaction(session.Keys());
     // A unit that was returned or lost is still there under its number.
     QSet<QString> existing;
-    Recordset<KeyUnitRow>(session.Keys(), OfKey(session, keyID)).Walk([&](const KeyUnitRow& row) {
-        existing.insert(Padded(WithoutSuffix(row.UnitID), kUnitWidth));
-        return true;
-    });
-    qint64 high = Recordset<KeyUnitRow>(session.Keys(), OfSystem(session)).Largest("UnitIDNumber");
+    Recordset<KeyUnitRow>(session.Keys(), OfKey<KeyUnitRow>(session, keyID))
+        .Walk([&](const KeyUnitRow& row) {
+            existing.insert(Padded(WithoutSuffix(row.UnitID), kUnitWidth));
+            return true;
+        });
+    qint64 high = Recordset<KeyUnitRow>(session.Keys(), OfSystem<KeyUnitRow>(session))
+                      .Largest(&KeyUnitRow::UnitIDNumber);
     const auto issue = [&](const QString& unit) {
         if (existing.contains(Padded(unit, kUnitWidth)))
             return false;
@@ -272,14 +280,16 @@ UnitDone AssignUnit(Session& session, const QString& keyID, const QString& unit,
     if (!FindHolder(session, holder.UserIDNumber))
         return UnitDone::NoHolder;
     const QString plain = unit.endsWith(kReturned) ? unit.chopped(kReturned.size()) : unit;
-    auto row = Recordset<KeyUnitRow>(
-                   keys, OfKey(session, keyID).Where("UnitID", unit).OrderBy("UnitIDNumber"))
+    auto row = Recordset<KeyUnitRow>(keys, OfKey<KeyUnitRow>(session, keyID)
+                                               .Where(&KeyUnitRow::UnitID, unit)
+                                               .OrderBy(&KeyUnitRow::UnitIDNumber))
                    .First();
     if (!row || IsHeld(session, keyID, plain))
         return UnitDone::Changed;
     UsertoUnitRow held;
-    held.UTUID =
-        static_cast<int>(Recordset<UsertoUnitRow>(keys, OfSystem(session)).Largest("UTUID") + 1);
+    held.UTUID = static_cast<int>(Recordset<UsertoUnitRow>(keys, OfSystem<UsertoUnitRow>(session))
+                                      .Largest(&UsertoUnitRow::UTUID) +
+                                  1);
     held.KeyID = Padded(keyID, kKeyIDWidth);
     held.UnitID = plain;
     held.UserID = holder.UserIDNumber;
@@ -295,12 +305,13 @@ UnitDone AssignUnit(Session& session, const QString& keyID, const QString& unit,
 
 std::vector<KeyUsersRow> HoldersOfLine(Session& session, const QString& line) {
     std::vector<KeyUsersRow> holders;
-    Recordset<HolderNameRow>(session.Keys(), OfSystem(session)).Walk([&](const HolderNameRow& row) {
-        if (line.contains(QStringLiteral(" - ") + TextOf(row)))
-            if (auto holder = FindHolder(session, row.UserIDNumber))
-                holders.push_back(*holder);
-        return true;
-    });
+    Recordset<HolderNameRow>(session.Keys(), OfSystem<HolderNameRow>(session))
+        .Walk([&](const HolderNameRow& row) {
+            if (line.contains(QStringLiteral(" - ") + TextOf(row)))
+                if (auto holder = FindHolder(session, row.UserIDNumber))
+                    holders.push_back(*holder);
+            return true;
+        });
     return holders;
 }
 
@@ -312,21 +323,24 @@ UnitDone TakeBackUnit(Session& session, const QString& keyID, const QString& lin
     Transaction transaction(keys);
     std::optional<QString> unit;
     for (const UsertoUnitRow& row :
-         Recordset<UsertoUnitRow>(keys, OfKey(session, keyID).OrderBy("KeyID").OrderBy("UnitID"))
+         Recordset<UsertoUnitRow>(keys, OfKey<UsertoUnitRow>(session, keyID)
+                                            .OrderBy(&UsertoUnitRow::KeyID)
+                                            .OrderBy(&UsertoUnitRow::UnitID))
              .Rows()) {
         if (!line.startsWith(row.UnitID + QStringLiteral(" - ") + row.UserID))
             continue;
-        Recordset<UsertoUnitRow>(keys, Query().Where("RowKey", row.key)).DeleteAll();
+        Recordset<UsertoUnitRow>(keys, Query<UsertoUnitRow>().WhereKey(row.key)).DeleteAll();
         unit = row.UnitID;
     }
     if (!unit)
         return UnitDone::Changed;
     if (lost)
-        AddToLog(session, &LostKeysRow::LostID, "LostID", keyID, *unit, holder, note);
+        AddToLog(session, &LostKeysRow::LostID, keyID, *unit, holder, note);
     else
-        AddToLog(session, &ReturnKeyRow::ReturnID, "ReturnID", keyID, *unit, holder, note);
-    auto row = Recordset<KeyUnitRow>(
-                   keys, OfKey(session, keyID).Where("UnitID", *unit).OrderBy("UnitIDNumber"))
+        AddToLog(session, &ReturnKeyRow::ReturnID, keyID, *unit, holder, note);
+    auto row = Recordset<KeyUnitRow>(keys, OfKey<KeyUnitRow>(session, keyID)
+                                               .Where(&KeyUnitRow::UnitID, *unit)
+                                               .OrderBy(&KeyUnitRow::UnitIDNumber))
                    .First();
     if (row) {
         row->UnitID = *unit + (lost ? kLost : kReturned);
@@ -343,13 +357,15 @@ UnitDone DeleteUnit(Session& session, const QString& keyID, const QString& unit)
     Transaction transaction(keys);
     if (IsHeld(session, keyID, unit))
         return UnitDone::Changed;
-    for (const UsertoUnitRow& row : Recordset<UsertoUnitRow>(keys, OfKey(session, keyID)).Rows())
+    for (const UsertoUnitRow& row :
+         Recordset<UsertoUnitRow>(keys, OfKey<UsertoUnitRow>(session, keyID)).Rows())
         if (SameUnit(row.UnitID, unit))
-            Recordset<UsertoUnitRow>(keys, Query().Where("RowKey", row.key)).DeleteAll();
+            Recordset<UsertoUnitRow>(keys, Query<UsertoUnitRow>().WhereKey(row.key)).DeleteAll();
     bool found = false;
-    for (const KeyUnitRow& row : Recordset<KeyUnitRow>(keys, OfKey(session, keyID)).Rows())
+    for (const KeyUnitRow& row :
+         Recordset<KeyUnitRow>(keys, OfKey<KeyUnitRow>(session, keyID)).Rows())
         if (SameUnit(row.UnitID, unit)) {
-            Recordset<KeyUnitRow>(keys, Query().Where("RowKey", row.key)).DeleteAll();
+            Recordset<KeyUnitRow>(keys, Query<KeyUnitRow>().WhereKey(row.key)).DeleteAll();
             found = true;
         }
     if (!found)

@@ -38,7 +38,6 @@ frmDBLostKeys::frmDBLostKeys(Session& session, KeyLog log)
     On(ui->grdDataGrid, &RecordGrid::NewRecordWanted, [this] { OpenNewRecord(); });
     On(ui->grdDataGrid->selectionModel(), &QItemSelectionModel::currentRowChanged,
        [this] { ShowRecord(); });
-    PlaceOnScreen(*this);
 }
 
 frmDBLostKeys::~frmDBLostKeys() = default;
@@ -179,10 +178,7 @@ void frmDBLostKeys::Refresh() {
 
 bool frmDBLostKeys::Unloading() {
     ui->grdDataGrid->FinishEditing();
-    if (!MayDropPending())
-        return false;
-    emit Closed();
-    return true;
+    return MayDropPending();
 }
 
 } // namespace quorrel

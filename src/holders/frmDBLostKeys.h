@@ -20,9 +20,6 @@ public:
     frmDBLostKeys(Session& session, KeyLog log);
     ~frmDBLostKeys() override;
 
-signals:
-    void Closed();
-
 protected:
     void Activated() override;
     bool Unloading() override;

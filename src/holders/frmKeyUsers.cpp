@@ -39,7 +39,7 @@ frmKeyUsers::frmKeyUsers(Session& session)
     ApplyPermissions();
     WatchPeople();
     WatchKeys();
-    On(ui->cmdDone, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdDone, &QPushButton::clicked, [this] { Leave(); });
     Guarded([this] {
         LoadUnitList();
         LoadKeyIDs();
@@ -48,7 +48,7 @@ frmKeyUsers::frmKeyUsers(Session& session)
         LoadUnitHolders();
     });
     ui->txtUserNumber->setFocus();
-    PlaceOnScreen(*this, 0.25);
+    PlaceAt(0.25, 0.25);
 }
 
 frmKeyUsers::~frmKeyUsers() = default;
@@ -111,11 +111,6 @@ void frmKeyUsers::Activated() {
         return;
     ui->lstKeyIDs->SetCurrentRow(0);
     SelectKey();
-}
-
-bool frmKeyUsers::Unloading() {
-    emit Closed();
-    return true;
 }
 
 bool frmKeyUsers::eventFilter(QObject* watched, QEvent* event) {

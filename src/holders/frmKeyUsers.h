@@ -27,12 +27,8 @@ public:
     /// Brings up the holder of a number.
     void ShowHolder(const QString& number);
 
-signals:
-    void Closed();
-
 protected:
     void Activated() override;
-    bool Unloading() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 #include "store/Scramble.h"
 #include "store/SystemTables.h"
 
@@ -24,11 +25,11 @@ constexpr qsizetype kHoldersAtATime = 200;
 /// What tells whether a named key lies under a master.
 struct NamedCuts {
     using Self = NamedCuts;
+    using Whole = AllKeysRow;
     RowKey key = 0;
     QString KeyID;
     QString Cuts;
 
-    static constexpr const char* kTable = "AllKeys";
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(KeyID), QUORREL_COLUMN(Cuts)};
     }
@@ -37,11 +38,11 @@ struct NamedCuts {
 /// A unit in a holder's hands.
 struct HeldUnit {
     using Self = HeldUnit;
+    using Whole = UsertoUnitRow;
     RowKey key = 0;
     QString UnitID;
     QString UserID;
 
-    static constexpr const char* kTable = "UsertoUnit";
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(UnitID), QUORREL_COLUMN(UserID)};
     }
@@ -83,8 +84,7 @@ class SubKeys {
 public:
     SubKeys(Session& session, const OpenSystem& system, const std::string& cuts)
         : m_mask(MaskOf(system, cuts)) {
-        Recordset<NamedCuts>(session.Keys(),
-                             Query().Where("SystemNumber", session.ActiveSystemNumber))
+        Recordset<NamedCuts>(session.Keys(), OfSystem<NamedCuts>(session))
             .Walk([&](const NamedCuts& key) {
                 if (!IsNoValue(key.KeyID) && IsUnderMask(Unscrambled(key.Cuts)))
                     Take(RightTrimmed(key.KeyID));
@@ -139,9 +139,8 @@ QHash<QString, QString> NamesOf(Session& session, const QStringList& userIDs) {
     QHash<QString, QString> names;
     for (qsizetype at = 0; at < userIDs.size(); at += kHoldersAtATime)
         Recordset<HolderNameRow>(session.Keys(),
-                                 Query()
-                                     .Where("SystemNumber", session.ActiveSystemNumber)
-                                     .WhereAny("UserIDNumber", userIDs.mid(at, kHoldersAtATime)))
+                                 OfSystem<HolderNameRow>(session).WhereAny(
+                                     &KeyUsersRow::UserIDNumber, userIDs.mid(at, kHoldersAtATime)))
             .Walk([&](const HolderNameRow& holder) {
                 if (!names.contains(holder.UserIDNumber))
                     names.insert(holder.UserIDNumber, holder.Lastname + u' ' + holder.Firstname);
@@ -159,12 +158,11 @@ std::vector<SubjectLine> OrNone(std::vector<SubjectLine> lines) {
 } // namespace
 
 std::vector<KeyLine> FillKeyList(Session& session, const QString& filter) {
-    const auto keys = Recordset<NamedKeyRow>(session.Keys(),
-                                             Query()
-                                                 .Where("SystemNumber", session.ActiveSystemNumber)
-                                                 .WhereNot("Label", kUnnamed)
-                                                 .OrderBy("Serial"))
-                          .Rows();
+    const auto keys =
+        Recordset<NamedKeyRow>(session.Keys(), OfSystem<NamedKeyRow>(session)
+                                                   .WhereNot(&PatternsRow::Label, kUnnamed)
+                                                   .OrderBy(&PatternsRow::Serial))
+            .Rows();
     qsizetype widest = 0;
     for (const NamedKeyRow& key : keys)
         widest = std::max(widest, RightTrimmed(key.Label).size());
@@ -185,14 +183,16 @@ std::vector<SubjectLine> FillDoorList(Session& session, const PageView& page, in
     if (IsNoValue(keyID))
         return OrNone({});
     // Doors are those of the system under whose number the maps are filed.
-    const auto doors = [&] { return Query().Where("SystemNumber", session.MapFilingNumber); };
+    const auto doors = [&] {
+        return Query<DoorsRow>().Where(&DoorsRow::SystemNumber, session.MapFilingNumber);
+    };
     const auto isListed = [&](const KeyedDoorRow& door) {
         return !IsNoValue(door.DoorLabel) && Passes(door.DoorLabel, filter);
     };
     DoorLines lines;
     if (!IsMasterPosition(cell)) {
         Recordset<KeyedDoorRow>(session.Keys(),
-                                doors().WhereTrimmed("CutsLabel", RightTrimmed(keyID)))
+                                doors().WhereTrimmed(&DoorsRow::CutsLabel, RightTrimmed(keyID)))
             .Walk([&](const KeyedDoorRow& door) {
                 if (isListed(door))
                     lines.Add(door);
@@ -221,9 +221,8 @@ std::vector<SubjectLine> FillUserList(Session& session, const QString& keyID,
         return OrNone({});
     const QString label = keyID.left(keyID.indexOf(QStringLiteral("  ")));
     const auto units =
-        Recordset<HeldUnit>(session.Keys(), Query()
-                                                .Where("SystemNumber", session.ActiveSystemNumber)
-                                                .Where("KeyID", Padded(label, kKeyIDWidth)))
+        Recordset<HeldUnit>(session.Keys(), OfSystem<HeldUnit>(session).Where(
+                                                &UsertoUnitRow::KeyID, Padded(label, kKeyIDWidth)))
             .Rows();
     QStringList userIDs;
     for (const HeldUnit& unit : units)

@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 #include "store/Scramble.h"
 #include "store/SystemTables.h"
 
@@ -33,25 +34,27 @@ QStringList KeyRecord::StoredCuts() const {
 }
 
 bool KeyRecord::UnitsAreIssued() const {
-    return !Recordset<UsertoUnitRow>(m_session.Keys(),
-                                     OfSystem().Where("KeyID", Padded(m_labelAsShown, kKeyIDWidth)))
+    return !Recordset<UsertoUnitRow>(
+                m_session.Keys(), OfSystem<UsertoUnitRow>(m_session).Where(
+                                      &UsertoUnitRow::KeyID, Padded(m_labelAsShown, kKeyIDWidth)))
                 .Empty();
 }
 
 bool KeyRecord::DoorsAreAssigned() const {
     // Doors are those of the system under whose number the maps are filed, as on this form's lists.
     return !Recordset<DoorsRow>(m_session.Keys(),
-                                Query()
-                                    .Where("SystemNumber", m_session.MapFilingNumber)
-                                    .WhereTrimmed("CutsLabel", m_labelAsShown))
+                                Query<DoorsRow>()
+                                    .Where(&DoorsRow::SystemNumber, m_session.MapFilingNumber)
+                                    .WhereTrimmed(&DoorsRow::CutsLabel, m_labelAsShown))
                 .Empty();
 }
 
 bool KeyRecord::IsTaken(const QString& keyID) const {
     const QStringList cuts = StoredCuts();
-    const auto rows = Recordset<AllKeysRow>(m_session.Keys(),
-                                            OfSystem().Where("KeyID", Padded(keyID, kKeyIDWidth)))
-                          .Rows();
+    const auto rows =
+        Recordset<AllKeysRow>(m_session.Keys(), OfSystem<AllKeysRow>(m_session).Where(
+                                                    &AllKeysRow::KeyID, Padded(keyID, kKeyIDWidth)))
+            .Rows();
     return std::any_of(rows.begin(), rows.end(),
                        [&](const AllKeysRow& row) { return !cuts.contains(row.Cuts); });
 }
@@ -135,7 +138,8 @@ KeyRecord::Obstacle KeyRecord::Store(KeyRecordText& screen) {
 
 void KeyRecord::RenameInAllKeys(const KeyRecordText& screen) {
     for (AllKeysRow& row :
-         Recordset<AllKeysRow>(m_session.Keys(), OfSystem().WhereAny("Cuts", StoredCuts()))
+         Recordset<AllKeysRow>(m_session.Keys(), OfSystem<AllKeysRow>(m_session).WhereAny(
+                                                     &AllKeysRow::Cuts, StoredCuts()))
              .Rows()) {
         row.KeyID = Padded(screen.keyID, kKeyIDWidth);
         row.CustomCuts = Today();
@@ -146,7 +150,9 @@ void KeyRecord::RenameInAllKeys(const KeyRecordText& screen) {
 void KeyRecord::WriteAllKeysRow(const KeyRecordText& screen) {
     Database& keys = m_session.Keys();
     const QString keyID = Padded(screen.keyID, kKeyIDWidth);
-    auto row = Recordset<AllKeysRow>(keys, OfSystem().Where("KeyID", keyID)).First();
+    auto row = Recordset<AllKeysRow>(
+                   keys, OfSystem<AllKeysRow>(m_session).Where(&AllKeysRow::KeyID, keyID))
+                   .First();
     // A key that stands in several cells keeps the place where it got its Key ID.
     if (row && row->Position != m_cell)
         return;
@@ -168,16 +174,18 @@ void KeyRecord::WriteAllKeysRow(const KeyRecordText& screen) {
 }
 
 void KeyRecord::DeleteAllKeysRow() {
-    Recordset<AllKeysRow>(m_session.Keys(), OfSystem().WhereAny("Cuts", StoredCuts())).DeleteAll();
+    Recordset<AllKeysRow>(m_session.Keys(),
+                          OfSystem<AllKeysRow>(m_session).WhereAny(&AllKeysRow::Cuts, StoredCuts()))
+        .DeleteAll();
 }
 
 void KeyRecord::WritePatterns(const KeyRecordText& screen) {
     const bool removed = screen.keyID.isEmpty();
     for (PatternsRow& row :
          Recordset<PatternsRow>(m_session.Keys(),
-                                OfSystem()
-                                    .WhereAny("Cuts", StoredCuts())
-                                    .WhereBelow("Position", kFirstSpecialPosition))
+                                OfSystem<PatternsRow>(m_session)
+                                    .WhereAny(&PatternsRow::Cuts, StoredCuts())
+                                    .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition))
              .Rows()) {
         row.Department =
             removed ? QString(7, u' ') : screen.department.toUpper().left(kDepartmentWidth);
@@ -195,7 +203,8 @@ QString KeyRecord::LearnDepartment(const QString& department) {
     if (department.size() < 2)
         return department;
     const QString wanted = Padded(name, kDepartmentWidth);
-    const auto rows = Recordset<DepartmentRow>(m_session.Keys(), OfSystem()).Rows();
+    const auto rows =
+        Recordset<DepartmentRow>(m_session.Keys(), OfSystem<DepartmentRow>(m_session)).Rows();
     const bool known = std::any_of(rows.begin(), rows.end(), [&](const DepartmentRow& row) {
         return Padded(row.Department.toUpper(), kDepartmentWidth) == wanted;
     });

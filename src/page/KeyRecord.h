@@ -56,7 +56,6 @@ private:
     void WritePatterns(const KeyRecordText& screen);
     QString LearnDepartment(const QString& department);
     void KeepInPage(const KeyRecordText& screen);
-    Query OfSystem() const { return Query().Where("SystemNumber", m_session.ActiveSystemNumber); }
     /// The cuts of the key as they are stored, under both marks.
     QStringList StoredCuts() const;
     QString Today() const;

@@ -5,6 +5,7 @@
 #include "engine/SystemDefinition.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/OfSystem.h"
 #include "store/Scramble.h"
 
 namespace quorrel {
@@ -13,10 +14,6 @@ namespace {
 
 std::string PlainCuts(const PatternsRow& row) {
     return Unscrambled(row.Cuts).toStdString();
-}
-
-Query OfSystem(int systemNumber) {
-    return Query().Where("SystemNumber", systemNumber);
 }
 
 } // namespace
@@ -29,38 +26,6 @@ PageView::PageView(Session& session) : m_session(session) {
     ClearPageCells();
 }
 
-void PageView::LoadSystem() {
-    ClearPageCells();
-    m_system = {};
-    Database& keys = m_session.Keys();
-    const int number = m_session.ActiveSystemNumber;
-    const auto row = Recordset<KeySystemRow>(keys, Query().Where("SystemID", number)).First();
-    if (row) {
-        m_system.name = row->SystemName;
-        m_system.address = row->Address;
-        m_system.lockBrand = row->LockBrand;
-        m_system.notes = row->Notes;
-        m_system.safetyFactor = row->SafetyFactor;
-        m_system.PinCount = row->NumberOfPins;
-        m_system.increment = row->PinIncrement;
-        m_system.MasterKeyCuts = Unscrambled(row->MasterKey).toStdString();
-    }
-    const auto last =
-        Recordset<PatternsRow>(keys, OfSystem(number)
-                                         .WhereAtLeast("Position", kFirstSpecialPosition)
-                                         .OrderBy("Position", true))
-            .First();
-    if (last) {
-        m_system.SystemIsAngled = last->Position == kAnglePosition;
-        m_system.SystemIsIC = last->Position == kControlPosition;
-        if (m_system.SystemIsAngled || m_system.SystemIsIC)
-            m_system.SpecialCuts =
-                PlainCuts(*last).substr(0, static_cast<std::size_t>(m_system.PinCount));
-    }
-    m_system.MaxPage =
-        static_cast<int>(Recordset<PatternsRow>(keys, OfSystem(number)).Largest("PageNumber"));
-}
-
 void PageView::ClearPageCells() {
     PageCell empty;
     empty.tag = kEmptyCellTag;
@@ -69,12 +34,14 @@ void PageView::ClearPageCells() {
 
 std::array<std::string, 5> PageView::ReadLevelTexts() const {
     const auto first =
-        Recordset<PatternsRow>(m_session.Keys(), OfSystem(m_session.ActiveSystemNumber)
-                                                     .Where("PageNumber", m_session.CurrentPage)
-                                                     .Where("Position", 0)
-                                                     .OrderBy("Serial"))
+        Recordset<PatternsRow>(m_session.Keys(),
+                               OfSystem<PatternsRow>(m_session)
+                                   .Where(&PatternsRow::PageNumber, m_session.CurrentPage)
+                                   .Where(&PatternsRow::Position, 0)
+                                   .OrderBy(&PatternsRow::Serial))
             .First();
-    return first ? LevelTexts(m_system.PinCount, PlainCuts(*first), m_system.MasterKeyCuts)
+    return first ? LevelTexts(m_session.System.PinCount, PlainCuts(*first),
+                              m_session.System.MasterKeyCuts)
                  : std::array<std::string, 5>{};
 }
 
@@ -82,7 +49,7 @@ void PageView::FillCell(int index, const PatternsRow& row, const std::string& cu
     PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
     cell.serial = row.Serial;
     cell.isMaster = row.Master;
-    cell.tag = cuts.substr(0, static_cast<std::size_t>(m_system.PinCount) + 1);
+    cell.tag = cuts.substr(0, static_cast<std::size_t>(m_session.System.PinCount) + 1);
     SetRecord(index, row.Label, row.KeyWay, row.Department, row.Description, {});
 }
 
@@ -106,9 +73,8 @@ QString PageView::ToolTipOf(const PageCell& cell) const {
 }
 
 void PageView::LoadDates() {
-    Recordset<AllKeysRow>(
-        m_session.Keys(),
-        OfSystem(m_session.ActiveSystemNumber).Where("PageNumber", m_session.CurrentPage))
+    Recordset<AllKeysRow>(m_session.Keys(), OfSystem<AllKeysRow>(m_session).Where(
+                                                &AllKeysRow::PageNumber, m_session.CurrentPage))
         .Walk([&](const AllKeysRow& row) {
             if (row.Position >= 0 && row.Position < kAllCells)
                 m_cells[static_cast<std::size_t>(row.Position)].date = row.CustomCuts;
@@ -122,7 +88,7 @@ void PageView::LoadPageView() {
     if (m_session.CurrentPage == 0)
         m_session.CurrentPage = 1;
     m_loadedPage = m_session.CurrentPage;
-    const auto pins = static_cast<std::size_t>(m_system.PinCount);
+    const auto pins = static_cast<std::size_t>(m_session.System.PinCount);
     const auto fillLevel = [&](const PatternsRow& row, const std::string& cuts) {
         for (std::size_t level = 0; level < levels.size(); ++level) {
             if (levels[level].empty() || cuts.compare(0, pins, levels[level]) != 0)
@@ -138,20 +104,19 @@ void PageView::LoadPageView() {
             for (const char mark : {' ', '*'})
                 levelCuts.append(Scrambled(QString::fromStdString(level + mark)));
     Database& keys = m_session.Keys();
-    const int number = m_session.ActiveSystemNumber;
     if (!levelCuts.isEmpty())
-        Recordset<PatternsRow>(keys, OfSystem(number)
-                                         .WhereAny("Cuts", levelCuts)
-                                         .WhereBelow("Position", kFirstSpecialPosition)
-                                         .OrderBy("Serial"))
+        Recordset<PatternsRow>(keys, OfSystem<PatternsRow>(m_session)
+                                         .WhereAny(&PatternsRow::Cuts, levelCuts)
+                                         .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition)
+                                         .OrderBy(&PatternsRow::Serial))
             .Walk([&](const PatternsRow& row) {
                 fillLevel(row, PlainCuts(row));
                 return true;
             });
-    Recordset<PatternsRow>(keys, OfSystem(number)
-                                     .Where("PageNumber", m_session.CurrentPage)
-                                     .WhereBelow("Position", kFirstSpecialPosition)
-                                     .OrderBy("Serial"))
+    Recordset<PatternsRow>(keys, OfSystem<PatternsRow>(m_session)
+                                     .Where(&PatternsRow::PageNumber, m_session.CurrentPage)
+                                     .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition)
+                                     .OrderBy(&PatternsRow::Serial))
         .Walk([&](const PatternsRow& row) {
             if (row.Position < kAllCells)
                 FillCell(row.Position, row, PlainCuts(row));

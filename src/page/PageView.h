@@ -27,27 +27,10 @@ struct PageCell {
     bool IsBlank() const;
 };
 
-/// The open key system as the page view shows it.
-struct OpenSystem {
-    QString name, address, lockBrand, notes;
-    int safetyFactor = 0;
-    int PinCount = 0;
-    int increment = 0;
-    std::string MasterKeyCuts; ///< N digits
-    std::string SpecialCuts;   ///< the angles or the control key, N digits
-    bool SystemIsAngled = false;
-    bool SystemIsIC = false;
-    int MaxPage = 0;
-};
-
-/// The page model behind the main form: the open system and one page of its keys.
+/// The page model behind the main form: one page of the keys of the open system.
 class PageView {
 public:
     explicit PageView(Session& session);
-
-    /// Reads the open system's definition, its type and its number of pages, and clears all cells.
-    /// Does nothing to a part of which the file has no row.
-    void LoadSystem();
 
     /// Sets every cell to the empty one.
     void ClearPageCells();
@@ -59,7 +42,7 @@ public:
     /// The departments of the system, in table order.
     QStringList ListDepartments() const;
 
-    const OpenSystem& System() const { return m_system; }
+    const OpenSystem& System() const { return m_session.System; }
     const PageCell& Cell(int index) const { return m_cells.at(static_cast<std::size_t>(index)); }
 
     /// The page whose keys are in the cells; 0 before the first.
@@ -79,7 +62,6 @@ private:
     void LoadDates();
 
     Session& m_session;
-    OpenSystem m_system;
     int m_loadedPage = 0;
     std::array<PageCell, kAllCells> m_cells;
 };

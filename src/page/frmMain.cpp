@@ -70,7 +70,7 @@ frmMain::frmMain(Session& session)
     On(ui->cmdLegend, &QPushButton::clicked,
        [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
     On(ui->cmdPinning, &QPushButton::clicked, [this] { ShowPinning(); });
-    On(ui->cmdHelp, &QPushButton::clicked, [this] { emit HelpWanted(help::kMainPage); });
+    On(ui->cmdHelp, &QPushButton::clicked, [this] { emit Events().HelpWanted(help::kMainPage); });
     connect(ui->cmdExit, &QPushButton::clicked, ui->mnuFileExit, &QAction::trigger);
     m_timer1.setObjectName(QStringLiteral("Timer1"));
     m_timer1.start(kIdleTickTime);
@@ -135,12 +135,8 @@ void frmMain::WatchMenu() {
        [this] { LeaveSystem(QStringLiteral("frmCreateFile")); });
     On(ui->mnuFileOpen, &QAction::triggered,
        [this] { LeaveSystem(QStringLiteral("frmOpenFile")); });
-    On(ui->mnuPinSizes, &QAction::triggered, [this] {
-        if (!SavePending(kLabelToLeavePage))
-            return;
-        emit PinSizesWanted(ui->lblBrand->text());
-        hide();
-    });
+    On(ui->mnuPinSizes, &QAction::triggered,
+       [this] { AskFor(QStringLiteral("frmManufacturer"), ui->lblBrand->text()); });
     On(ui->mnuUsersAdd, &QAction::triggered, [this] {
         if (m_session.SessionPermissions.AddEditProgramUsers)
             AskFor(QStringLiteral("frmPermissions"));
@@ -153,7 +149,7 @@ void frmMain::WatchMenu() {
 void frmMain::WatchHelpMenu() {
     On(ui->mnuHelpContents, &QAction::triggered, [this] {
         if (SavePending(kLabelToLeavePage))
-            emit HelpWanted(help::kContents);
+            emit Events().HelpWanted(help::kContents);
     });
     On(ui->mnuHelpIndex, &QAction::triggered, [this] {
         if (SavePending(kLabelToLeavePage))
@@ -161,21 +157,15 @@ void frmMain::WatchHelpMenu() {
     });
 }
 
-void frmMain::AskFor(const QString& formName) {
-    if (!SavePending(kLabelToLeavePage))
-        return;
-    emit FormWanted(formName);
-    hide();
+void frmMain::AskFor(const QString& formName, const QString& subject) {
+    if (SavePending(kLabelToLeavePage))
+        emit FormWanted(formName, subject);
 }
 
 void frmMain::LeaveSystem(const QString& formName) {
     // Whatever length the Key ID has: there is no coming back to it.
-    if (!SavePending(1))
-        return;
-    emit FormWanted(formName);
-    hide();
-    m_leavingSystem = true;
-    close();
+    if (SavePending(1))
+        emit SystemLeft(formName);
 }
 
 void frmMain::OfferForms(const QSet<QString>& names) {
@@ -199,16 +189,12 @@ void frmMain::WatchLists() {
     });
     On(ui->lists, &ListArea::KeyChosen, [this](int page, int cell) { BringUp(page, cell); });
     On(ui->lists, &ListArea::DoorChosen, [this](const QString& label) {
-        if (!MayLeaveFor("frmDoors"))
-            return;
-        emit DoorWanted(label);
-        hide();
+        if (MayLeaveFor("frmDoors"))
+            emit FormWanted(QStringLiteral("frmDoors"), label);
     });
     On(ui->lists, &ListArea::UserChosen, [this](const QString& userID) {
-        if (!MayLeaveFor("frmKeyUsers"))
-            return;
-        emit KeyUserWanted(userID);
-        hide();
+        if (MayLeaveFor("frmKeyUsers"))
+            emit FormWanted(QStringLiteral("frmKeyUsers"), userID);
     });
 }
 
@@ -342,23 +328,12 @@ void frmMain::AddShortcuts() {
 }
 
 bool frmMain::Unloading() {
-    if (m_leavingSystem)
-        return true;
-    try {
-        if (!SavePending(1))
-            return false;
-    } catch (...) {
-        m_record.Forget(); // Whoever closes the form once more means it.
-        throw;
-    }
-    emit FormWanted(QStringLiteral("frmExit"));
-    return true;
+    return SavePending(1);
 }
 
 void frmMain::LoadForm() {
     const BusyPointer busy;
     ApplyPermissions();
-    m_page.LoadSystem();
     ShowSystem();
     if (!m_session.MapDatabase)
         m_session.boxes.Message(tr("No Map Files are available"), tr("File Access Error"));

@@ -42,13 +42,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
-    /// A form is wanted in place of this one.
-    void FormWanted(const QString& formName);
-    void PinSizesWanted(const QString& brand);
+    /// A form is wanted in place of this one, with what it is to bring up.
+    void FormWanted(const QString& formName, const QString& subject);
+    /// The system is left for a form that opens or creates another.
+    void SystemLeft(const QString& formName);
     void PinningWanted(const PinningRequest& request);
-    void DoorWanted(const QString& doorLabel);
-    void KeyUserWanted(const QString& userID);
-    void HelpWanted(int context);
     void HelpIndexWanted();
     /// The workstation has been left alone.
     void LogoffWanted();
@@ -81,7 +79,7 @@ private:
     void SelectWhole(QObject* field);
     void RaiseCase(QObject* field);
     bool SavePending(int leastLabel);
-    void AskFor(const QString& formName);
+    void AskFor(const QString& formName, const QString& subject = {});
     void LeaveSystem(const QString& formName);
     bool MayLeaveFor(const char* formName);
     void BringUp(int page, int cell);
@@ -107,8 +105,7 @@ private:
     PageView m_page;
     KeyRecord m_record;
     int m_selectedCell = 0;
-    int m_cellIconSize = 0; ///< 0 compact, 1 large
-    bool m_leavingSystem = false;
+    int m_cellIconSize = 0;  ///< 0 compact, 1 large
     QSet<QString> m_offered; ///< names of the forms that can be asked for
     QTimer m_timer1{this};   ///< counts idle time
 };

@@ -3,6 +3,7 @@
 #include "engine/PageGeometry.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/OfSystem.h"
 #include "store/Scramble.h"
 #include "store/SystemTables.h"
 
@@ -17,28 +18,26 @@ struct KeyPlace {
     double Serial = 0;
     QString Label;
 
-    static constexpr const char* kTable = PatternsRow::kTable;
+    using Whole = PatternsRow;
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(Serial), QUORREL_COLUMN(Label)};
     }
 };
 
 /// The keys of the open system, without what is stored beside them.
-Query KeysOfSystem(const Session& session) {
-    return Query()
-        .Where("SystemNumber", session.ActiveSystemNumber)
-        .WhereBelow("Position", kFirstSpecialPosition);
+Query<PatternsRow> KeysOfSystem(const Session& session) {
+    return OfSystem<PatternsRow>(session).WhereBelow(&PatternsRow::Position, kFirstSpecialPosition);
 }
 
 /// Where a key stands in the order of the system's keys; nothing when it is there no longer.
-std::optional<qint64> SerialOf(Session& session, const std::string& key) {
+std::optional<double> SerialOf(Session& session, const std::string& key) {
     const QString cuts = QString::fromStdString(key);
+    const QStringList stored = {Scrambled(cuts + u' '), Scrambled(cuts + u'*')};
     const auto place =
         Recordset<KeyPlace>(session.Keys(),
-                            KeysOfSystem(session).WhereAny(
-                                "Cuts", {Scrambled(cuts + u' '), Scrambled(cuts + u'*')}))
+                            KeysOfSystem(session).WhereAny(&PatternsRow::Cuts, stored))
             .First();
-    return place ? std::optional(static_cast<qint64>(place->Serial)) : std::nullopt;
+    return place ? std::optional(place->Serial) : std::nullopt;
 }
 
 } // namespace
@@ -48,11 +47,11 @@ std::optional<PinningRequest> FindNamedKey(Session& session, const PinningReques
     const auto serial = SerialOf(session, from.key);
     if (!serial)
         return std::nullopt;
-    Query query = KeysOfSystem(session).WhereNot("Label", kUnnamed);
+    auto query = KeysOfSystem(session).WhereNot(&PatternsRow::Label, kUnnamed);
     if (step == Step::Next)
-        query.WhereAtLeast("Serial", *serial + 1).OrderBy("Serial");
+        query.WhereAtLeast(&PatternsRow::Serial, *serial + 1).OrderBy(&PatternsRow::Serial);
     else
-        query.WhereBelow("Serial", *serial).OrderBy("Serial", true);
+        query.WhereBelow(&PatternsRow::Serial, *serial).OrderBy(&PatternsRow::Serial, true);
     std::optional<RowKey> found;
     Recordset<KeyPlace>(session.Keys(), query).Walk([&](const KeyPlace& place) {
         if (!place.Label.isEmpty() && place.Label[0] != u' ')
@@ -61,7 +60,8 @@ std::optional<PinningRequest> FindNamedKey(Session& session, const PinningReques
     });
     if (!found)
         return std::nullopt;
-    const auto row = Recordset<PatternsRow>(session.Keys(), Query().WhereKeys({*found})).First();
+    const auto row =
+        Recordset<PatternsRow>(session.Keys(), Query<PatternsRow>().WhereKey(*found)).First();
     if (!row)
         return std::nullopt;
     PinningRequest request = from;

@@ -102,7 +102,8 @@ bool DeleteLockBrand(Session& session, const QString& brand) {
     const auto row = FindBrand(session, brand);
     if (!row)
         return false;
-    Recordset<ManufacturerRow>(session.Keys(), Query().Where("RowKey", row->key)).DeleteAll();
+    Recordset<ManufacturerRow>(session.Keys(), Query<ManufacturerRow>().WhereKey(row->key))
+        .DeleteAll();
     transaction.Commit();
     return true;
 }

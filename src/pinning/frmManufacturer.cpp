@@ -10,7 +10,6 @@ namespace quorrel {
 frmManufacturer::frmManufacturer(Session& session, const QString& brand)
     : Form(session), ui(std::make_unique<Ui::frmManufacturer>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kPinSizes, ui->cmdHelp);
     for (int box = 0; box < 20; ++box)
         m_sizes[static_cast<std::size_t>(box)] =
@@ -120,7 +119,7 @@ void frmManufacturer::BrandChosen() {
 
 void frmManufacturer::BrandLeft() {
     const QString brand = ui->cmbLockBrand->currentText();
-    if (m_closing || brand.trimmed().isEmpty())
+    if (brand.trimmed().isEmpty())
         return;
     const bool known = FindPinSizes(m_session, brand).has_value();
     if (!known) {
@@ -157,11 +156,11 @@ void frmManufacturer::DeleteBrand() {
     BrandChosen();
 }
 
-bool frmManufacturer::Unloading() {
-    OfferToSave();
-    m_closing = true;
-    emit Closed();
-    return true;
+QString frmManufacturer::Unsaved() const {
+    const bool differs = TypedSizes() != m_shownSizes && !m_shownBrand.trimmed().isEmpty();
+    return differs && m_session.SessionPermissions.CreateSystem
+               ? tr("What you have typed for %1").arg(m_shownBrand)
+               : QString();
 }
 
 } // namespace quorrel

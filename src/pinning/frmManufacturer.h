@@ -22,11 +22,8 @@ public:
     frmManufacturer(Session& session, const QString& brand);
     ~frmManufacturer() override;
 
-signals:
-    void Closed();
-
 protected:
-    bool Unloading() override;
+    QString Unsaved() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -45,7 +42,6 @@ private:
     std::array<QLineEdit*, 20> m_sizes{}; ///< `txtBottom_0` to `_9`, then `txtTop_0` to `_9`
     QString m_shownBrand;                 ///< whose sizes are shown
     PinSizes m_shownSizes;                ///< as they came up
-    bool m_closing = false;
 };
 
 } // namespace quorrel

@@ -6,6 +6,7 @@
 #include "ui_frmPinningChart.h"
 #include "widgets/HelpContexts.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTimer>
@@ -30,6 +31,7 @@ frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
     setObjectName(core ? QStringLiteral("frmPinningChartIC") : QStringLiteral("frmPinningChart"));
     ui->setupUi(this);
     OfferHelp(help::kPinningChart, ui->cmdHelp);
+    OfferFoot();
     WatchButtons();
     ui->frmTall->setVisible(core);
     ui->lblWarnings->hide();
@@ -39,13 +41,13 @@ frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
     for (QLabel* label : {ui->lblKeyID, ui->lblCuts})
         Enlarge(label, 1.3);
     ShowChart(chart);
-    PlaceOnScreen(*this, 0.5, 0.125);
+    PlaceAt(0.5, 0.125);
 }
 
 frmPinningChart::~frmPinningChart() = default;
 
 void frmPinningChart::WatchButtons() {
-    On(ui->cmdOK, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
     On(ui->cmdPrint, &QPushButton::clicked, [this] { Print(); });
     ui->cmdPrint->setEnabled(m_session.SessionPermissions.RunReports);
     On(ui->cmdPrevious, &QPushButton::clicked, [this] { GoTo(Step::Previous); });
@@ -164,6 +166,7 @@ void frmPinningChart::OfferOtherKeys() {
 void frmPinningChart::GoTo(Step step) {
     if (const auto request = FindNamedKey(m_session, m_chart.request, step)) {
         ShowChart(MakePinningChart(m_session, *request));
+        Tell({});
         WarnOfControlKey();
     } else {
         OfferOtherKeys();
@@ -188,11 +191,7 @@ void frmPinningChart::Print() {
         return;
     const BusyPointer busy;
     PrintChartToFile(path, m_chart, m_session.ProgramTitle, m_session.clock().date());
-}
-
-bool frmPinningChart::Unloading() {
-    emit Closed();
-    return true;
+    Tell(tr("The chart is in the file %1").arg(QDir::toNativeSeparators(path)));
 }
 
 } // namespace quorrel

@@ -27,12 +27,8 @@ public:
     /// Shows another chart of the same system in place of the one before.
     void ShowChart(const PinningChart& chart);
 
-signals:
-    void Closed();
-
 protected:
     void Activated() override;
-    bool Unloading() override;
 
 private:
     void WatchButtons();

@@ -308,28 +308,31 @@ void Statement::Execute() {
     });
 }
 
-Transaction::Transaction(Database& database) : m_database(database) {
-    if (database.m_inTransaction)
-        throw std::logic_error("A transaction is open already.");
+Transaction::Transaction(Database& database)
+    : m_database(database), m_depth(database.m_transactions) {
     // A plain BEGIN that reads and then writes would fail at once, without waiting, when another
     // workstation holds the lock.
-    database.Execute("BEGIN IMMEDIATE");
-    database.m_inTransaction = true;
+    database.Execute(m_depth == 0 ? "BEGIN IMMEDIATE" : "SAVEPOINT " + Savepoint());
+    ++database.m_transactions;
 }
 
 Transaction::~Transaction() {
-    m_database.m_inTransaction = false;
+    m_database.m_transactions = m_depth;
     if (!m_open)
         return;
     try {
-        m_database.Execute("ROLLBACK");
+        m_database.Execute(m_depth == 0 ? "ROLLBACK" : "ROLLBACK TO " + Savepoint());
+        if (m_depth > 0)
+            m_database.Execute("RELEASE " + Savepoint());
     } catch (...) {
         // The engine has rolled back by itself, as it does when the disk is full.
     }
 }
 
 void Transaction::Commit() {
-    m_database.Execute("COMMIT");
+    if (m_database.m_transactions != m_depth + 1)
+        throw ProgrammingError("A transaction is committed while one within it is open");
+    m_database.Execute(m_depth == 0 ? "COMMIT" : "RELEASE " + Savepoint());
     m_open = false;
 }
 

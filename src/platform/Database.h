@@ -68,7 +68,7 @@ private:
 
     QString m_path;
     std::unique_ptr<Engine> m_engine;
-    bool m_inTransaction = false;
+    int m_transactions = 0; ///< open ones, one within the other
 };
 
 /// A forward walk over the rows that a SELECT gives. Each step fills the fields it was given.
@@ -107,6 +107,9 @@ private:
 
 /// Everything that one action of the user writes. Opening it waits for the file's write lock, so
 /// that what it reads cannot change before it writes. Rolls back unless committed.
+///
+/// One that is opened within another belongs to that: what it has committed is stored when the
+/// outermost one commits, and what it has not is undone alone.
 class Transaction {
 public:
     explicit Transaction(Database& database);
@@ -117,7 +120,10 @@ public:
     void Commit();
 
 private:
+    std::string Savepoint() const { return "nested" + std::to_string(m_depth); }
+
     Database& m_database;
+    int m_depth; ///< 0 for the outermost
     bool m_open = true;
 };
 

@@ -15,7 +15,7 @@ namespace {
 
 /// The text of a column: a number that is whole stands without its fraction.
 std::string AsText(const QString& column) {
-    const std::string name = Query::Quoted(column.toStdString());
+    const std::string name = QueryText::Quoted(column.toStdString());
     return "CASE typeof(" + name + ") WHEN 'real' THEN printf('%.15g', " + name + ") ELSE CAST(" +
            name + " AS TEXT) END";
 }
@@ -54,7 +54,7 @@ public:
                      (known.contains(column, Qt::CaseInsensitive) ? AsText(column) : "NULL");
         SqliteRow row(columns.size());
         Cursor cursor(*database,
-                      "SELECT " + texts + " FROM " + Query::Quoted(m_table.toStdString()), {},
+                      "SELECT " + texts + " FROM " + QueryText::Quoted(m_table.toStdString()), {},
                       row.Fields());
         while (cursor.Next())
             if (!visit(row))

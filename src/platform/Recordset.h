@@ -12,11 +12,14 @@ namespace quorrel {
 /// Typed rows of one table, selected and ordered by a query. Nothing is kept between calls: each
 /// reads what is committed at that moment, by whichever form or workstation.
 ///
-/// A row struct names its table as `kTable`, its columns by `Columns()` and has a `RowKey key`.
+/// A row struct names its columns by `Columns()` and has a `RowKey key`. One of a whole table names
+/// that as `kTable`; one that holds a part of the columns names the row of the whole as `Whole`.
 template <class Row>
 class Recordset {
 public:
-    explicit Recordset(Database& database, Query query = {})
+    using Whole = WholeOf<Row>;
+
+    explicit Recordset(Database& database, Query<Whole> query = {})
         : m_database(database), m_query(std::move(query)) {}
 
     /// Calls `visit(const Row&)` for each row in order, for as long as it returns true.
@@ -54,16 +57,16 @@ public:
     qint64 Count() const { return Aggregate("COUNT(*)"); }
 
     /// Largest value of a whole-number column; 0 when there are no rows.
-    qint64 Largest(const char* column) const {
-        return Aggregate("MAX(" + Query::Quoted(column) + ")");
+    template <class Type>
+    qint64 Largest(Type Whole::*column) const {
+        return Aggregate("MAX(" + QueryText::Quoted(ColumnName(column)) + ")");
     }
 
     /// The different texts of a column, in no order.
-    QStringList Distinct(const char* column) const {
+    QStringList Distinct(QString Whole::*column) const {
         QString text;
         Cursor cursor(m_database,
-                      "SELECT DISTINCT " + Query::Quoted(column) + " FROM " +
-                          Query::Quoted(Row::kTable) + m_query.Selection(),
+                      "SELECT DISTINCT " + QueryText::Quoted(ColumnName(column)) + From(),
                       m_query.Values(), {FieldRef(&text)});
         QStringList texts;
         while (cursor.Next())
@@ -71,12 +74,26 @@ public:
         return texts;
     }
 
+    /// Calls `visit(value, RowKey)` for one column of each row in order, quicker than whole rows.
+    template <class Type, class Visit>
+    void WalkColumn(Type Whole::*column, Visit&& visit) const {
+        Type value{};
+        RowKey key = 0;
+        Cursor cursor(m_database,
+                      "SELECT " + QueryText::Quoted(ColumnName(column)) + ", " +
+                          QueryText::Quoted(kRowKey) + From() + m_query.Order(),
+                      m_query.Values(), {FieldRef(&value), FieldRef(&key)});
+        while (cursor.Next())
+            visit(std::as_const(value), key);
+    }
+
     /// Writes a column of every row that the query selects.
-    void SetAll(const char* column, const QString& text) const {
+    void SetAll(QString Whole::*column, const QString& text) const {
         std::vector<Value> values = {text};
         values.insert(values.end(), m_query.Values().begin(), m_query.Values().end());
-        m_database.Execute("UPDATE " + Query::Quoted(Row::kTable) + " SET " +
-                               Query::Quoted(column) + " = :text" + m_query.Selection(),
+        m_database.Execute("UPDATE " + QueryText::Quoted(TableName<Row>()) + " SET " +
+                               QueryText::Quoted(ColumnName(column)) + " = :text" +
+                               m_query.Selection(),
                            values);
     }
 
@@ -94,47 +111,45 @@ public:
     }
 
     /// Deletes every row that the query selects.
-    void DeleteAll() const {
-        m_database.Execute("DELETE FROM " + Query::Quoted(Row::kTable) + m_query.Selection(),
-                           m_query.Values());
-    }
+    void DeleteAll() const { m_database.Execute("DELETE" + From(), m_query.Values()); }
 
     static std::string InsertText() {
         std::string columns;
         std::string values;
         for (const char* name : ColumnNamesOf<Row>()) {
-            columns += (columns.empty() ? "" : ", ") + Query::Quoted(name);
+            columns += (columns.empty() ? "" : ", ") + QueryText::Quoted(name);
             values += (values.empty() ? ":" : ", :") + std::string(name);
         }
-        return "INSERT INTO " + Query::Quoted(Row::kTable) + " (" + columns + ") VALUES (" +
-               values + ")";
+        return "INSERT INTO " + QueryText::Quoted(TableName<Row>()) + " (" + columns +
+               ") VALUES (" + values + ")";
     }
 
 private:
+    std::string From() const {
+        return " FROM " + QueryText::Quoted(TableName<Row>()) + m_query.Selection();
+    }
+
     std::string SelectText() const {
         std::string columns;
         for (const char* name : ColumnNamesOf<Row>())
-            columns += Query::Quoted(name) + ", ";
-        return "SELECT " + columns + Query::Quoted("RowKey") + " FROM " +
-               Query::Quoted(Row::kTable) + m_query.Selection() + m_query.Order();
+            columns += QueryText::Quoted(name) + ", ";
+        return "SELECT " + columns + QueryText::Quoted(kRowKey) + From() + m_query.Order();
     }
 
     static std::string UpdateText() {
         std::string changes;
         for (const char* name : ColumnNamesOf<Row>())
-            changes += (changes.empty() ? "" : ", ") + Query::Quoted(name) + " = :" + name;
-        return "UPDATE " + Query::Quoted(Row::kTable) + " SET " + changes + " WHERE " +
-               Query::Quoted("RowKey") + " = :RowKey";
+            changes += (changes.empty() ? "" : ", ") + QueryText::Quoted(name) + " = :" + name;
+        return "UPDATE " + QueryText::Quoted(TableName<Row>()) + " SET " + changes + " WHERE " +
+               QueryText::Quoted(kRowKey) + " = :RowKey";
     }
 
     qint64 Aggregate(const std::string& expression) const {
-        return m_database.Number("SELECT " + expression + " FROM " + Query::Quoted(Row::kTable) +
-                                     m_query.Selection(),
-                                 m_query.Values());
+        return m_database.Number("SELECT " + expression + From(), m_query.Values());
     }
 
     Database& m_database;
-    Query m_query;
+    Query<Whole> m_query;
 };
 
 /// Adds many rows of one table through one prepared statement.

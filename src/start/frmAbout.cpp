@@ -18,9 +18,8 @@ frmAbout::frmAbout(Session& session, const std::optional<OutsideProgram>& system
     ui->cmdSysInfo->setEnabled(m_systemInformation.has_value());
     if (!m_systemInformation)
         ui->cmdSysInfo->setToolTip(tr("No system information tool is installed."));
-    PlaceOnScreen(*this);
     OfferHelp(help::kAbout);
-    On(ui->cmdOK, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
     On(ui->cmdSysInfo, &QPushButton::clicked, [this] {
         if (!StartProgram(*m_systemInformation))
             m_session.boxes.Message(tr("System information is not available at this time."),
@@ -29,10 +28,5 @@ frmAbout::frmAbout(Session& session, const std::optional<OutsideProgram>& system
 }
 
 frmAbout::~frmAbout() = default;
-
-bool frmAbout::Unloading() {
-    emit Closed();
-    return true;
-}
 
 } // namespace quorrel

@@ -20,12 +20,6 @@ public:
     frmAbout(Session& session, const std::optional<OutsideProgram>& systemInformation);
     ~frmAbout() override;
 
-signals:
-    void Closed();
-
-protected:
-    bool Unloading() override;
-
 private:
     std::unique_ptr<Ui::frmAbout> ui;
     std::optional<OutsideProgram> m_systemInformation;

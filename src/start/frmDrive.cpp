@@ -17,7 +17,6 @@ const QString kParent = QStringLiteral("..");
 frmDrive::frmDrive(Session& session, const QString& folder)
     : Form(session), ui(std::make_unique<Ui::frmDrive>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kNetwork);
     for (const QStorageInfo& drive : QStorageInfo::mountedVolumes())
         if (drive.isReady() && !drive.isReadOnly() && QFileInfo(drive.rootPath()).isDir())
@@ -30,7 +29,7 @@ frmDrive::frmDrive(Session& session, const QString& folder)
     On(ui->cmdNew, &QPushButton::clicked, [this] { MakeFolder(); });
     On(ui->cmdOK, &QPushButton::clicked, [this] {
         emit FolderChosen(QDir::toNativeSeparators(m_folder));
-        close();
+        Leave();
     });
 }
 
@@ -67,11 +66,6 @@ void frmDrive::MakeFolder() {
         return;
     }
     GoTo(path);
-}
-
-bool frmDrive::Unloading() {
-    emit Closed();
-    return true;
 }
 
 } // namespace quorrel

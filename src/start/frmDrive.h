@@ -20,10 +20,6 @@ public:
 
 signals:
     void FolderChosen(const QString& folder);
-    void Closed();
-
-protected:
-    bool Unloading() override;
 
 private:
     /// Enters a folder and lists the folders in it.

@@ -20,16 +20,9 @@ public:
 
 signals:
     void Ended();
-    void Cancelled();
-
-protected:
-    bool Unloading() override;
 
 private:
-    void End();
-
     std::unique_ptr<Ui::frmExit> ui;
-    bool m_ending = false;
 };
 
 } // namespace quorrel

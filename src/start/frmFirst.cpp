@@ -17,7 +17,6 @@ frmFirst::frmFirst(Session& session) : Form(session), ui(std::make_unique<Ui::fr
                            "Permissions once your first master key system exists."));
     ui->Label3->setText(tr("Press F1 at any place for help on it. A Help button brings up the "
                            "Help Index."));
-    PlaceOnScreen(*this);
     OfferHelp(help::kFirstRun, ui->cmdHelp);
     On(ui->Command1, &QPushButton::clicked, [this] { Continue(); });
 }
@@ -28,15 +27,7 @@ void frmFirst::Continue() {
     if (!m_session.boxes.Confirms(tr("Did you read the Logon Information?"), tr("Read Logon Info")))
         return;
     m_session.FirstRun = false;
-    m_goingOn = true;
     emit CompanyWanted();
-    close();
-}
-
-bool frmFirst::Unloading() {
-    if (!m_goingOn)
-        emit Ended();
-    return true;
 }
 
 } // namespace quorrel

@@ -21,17 +21,11 @@ public:
 signals:
     /// The welcome has been read; the company comes next.
     void CompanyWanted();
-    /// The form was closed instead.
-    void Ended();
-
-protected:
-    bool Unloading() override;
 
 private:
     void Continue();
 
     std::unique_ptr<Ui::frmFirst> ui;
-    bool m_goingOn = false;
 };
 
 } // namespace quorrel

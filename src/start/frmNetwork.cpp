@@ -7,7 +7,6 @@ namespace quorrel {
 
 frmNetwork::frmNetwork(Session& session) : Form(session), ui(std::make_unique<Ui::frmNetwork>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kNetwork, ui->cmdHelp);
     Guarded([this] { ShowSettings(LoadNetworkSettings(m_session)); });
     for (QRadioButton* option : {ui->optLocal, ui->optNetwork, ui->optLocalPer, ui->optNetworkPer})
@@ -16,16 +15,13 @@ frmNetwork::frmNetwork(Session& session) : Form(session), ui(std::make_unique<Ui
         Browse(ui->txtNetPath, tr("Key System Database"),
                QStringLiteral("Key Databases (*.qv2)|*.qv2"));
     });
-    On(ui->cmdBrowse_1, &QPushButton::clicked, [this] {
-        hide();
-        emit MapFolderWanted();
-    });
+    On(ui->cmdBrowse_1, &QPushButton::clicked, [this] { emit MapFolderWanted(); });
     On(ui->cmdBrowsePer, &QPushButton::clicked, [this] {
         Browse(ui->txtPersonelFile, tr("Personnel File"),
                QStringLiteral("Access Database (*.mdb)|*.mdb"));
     });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
-    On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
 }
 
 frmNetwork::~frmNetwork() = default;
@@ -83,11 +79,6 @@ void frmNetwork::Save() {
     SaveNetworkSettings(m_session, settings);
     m_session.boxes.Message(tr("The settings are saved. They take effect at the next start."),
                             windowTitle(), BoxButtons::Ok, BoxIcon::Information);
-}
-
-bool frmNetwork::Unloading() {
-    emit Closed();
-    return true;
 }
 
 } // namespace quorrel

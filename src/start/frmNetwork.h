@@ -27,10 +27,6 @@ public:
 signals:
     /// The folder picker is wanted; this form hides until it is done.
     void MapFolderWanted();
-    void Closed();
-
-protected:
-    bool Unloading() override;
 
 private:
     void ShowSettings(const NetworkSettings& settings);

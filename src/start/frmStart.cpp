@@ -18,7 +18,6 @@ frmStart::frmStart(Session& session) : Form(session), ui(std::make_unique<Ui::fr
     font.setPointSizeF(font.pointSizeF() * 2);
     font.setBold(true);
     ui->lblTitle->setFont(font);
-    PlaceOnScreen(*this);
     m_splash.setStartValue(0.0);
     m_splash.setEndValue(1.0);
     m_splash.setDuration(kSplashTime);
@@ -51,7 +50,12 @@ void frmStart::EndSplash() {
     if (std::exchange(m_ended, true))
         return;
     m_splash.stop();
-    LoadCompany(m_session);
+    try {
+        LoadCompany(m_session);
+    } catch (const DatabaseError& error) {
+        emit FilesNotFound(QString::fromUtf8(error.what()));
+        return;
+    }
     if (m_session.FirstRun)
         emit FirstRunFound();
     else

@@ -141,12 +141,12 @@ struct MapRow {
 /// What lists show of a door and of the key that opens it: a part of the table's columns.
 struct KeyedDoorRow {
     using Self = KeyedDoorRow;
+    using Whole = DoorsRow;
     RowKey key = 0;
     QString DoorLabel;
     QString DoorDescription;
     QString CutsLabel;
 
-    static constexpr const char* kTable = DoorsRow::kTable;
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(DoorDescription),
                           QUORREL_COLUMN(CutsLabel)};
@@ -156,10 +156,10 @@ struct KeyedDoorRow {
 /// The hardware of a door alone.
 struct DoorHardwareRow {
     using Self = DoorHardwareRow;
+    using Whole = DoorsRow;
     RowKey key = 0;
     QString Text1;
 
-    static constexpr const char* kTable = DoorsRow::kTable;
     static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(Text1)}; }
 };
 

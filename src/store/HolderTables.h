@@ -127,13 +127,13 @@ struct LostKeysRow {
 /// What lists show of a holder: a part of the table's columns.
 struct HolderNameRow {
     using Self = HolderNameRow;
+    using Whole = KeyUsersRow;
     RowKey key = 0;
     QString UserIDNumber;
     QString Firstname;
     QString Lastname;
     QString Department;
 
-    static constexpr const char* kTable = KeyUsersRow::kTable;
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(UserIDNumber), QUORREL_COLUMN(Firstname),
                           QUORREL_COLUMN(Lastname), QUORREL_COLUMN(Department)};

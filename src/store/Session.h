@@ -5,10 +5,12 @@
 #include "platform/Database.h"
 #include "platform/ForeignTable.h"
 #include "store/DoorTables.h"
+#include "store/OpenSystem.h"
 #include "store/ProgramTables.h"
 
 #include <QString>
 
+#include <map>
 #include <memory>
 
 namespace quorrel {
@@ -24,6 +26,18 @@ struct Permissions {
     bool RunReports = false;
 
     bool operator==(const Permissions&) const = default;
+};
+
+/// The door in hand, set by the doors' form for the map page.
+struct DoorInHand {
+    double CurrentDoorID = 0; ///< 0: none
+    QString CurrentDoorLabel;
+    int CurrentDoorLinkMapID = 0; ///< map that the door lies on; 0: none
+    double CurrentDoorX = 0;      ///< pixels on the map
+    double CurrentDoorY = 0;
+    int CurrentDoorColour = kTargetColour; ///< of its target, in blue-green-red order
+    QString MapDoorLabel;
+    QString MapDoorKeyID;
 };
 
 /// What the whole run shares. One for the program, handed by reference to all that need it.
@@ -49,6 +63,9 @@ struct Session {
     SystemInfoRow SystemInfo; ///< row 1: the personnel file and its field names, the flags
     bool PersonnelAvailable = false;
 
+    // Where windows stand and how they are set, by their names.
+    std::map<QString, QString> Places;
+
     // The company, as the reports print it.
     QString ProgramTitle; ///< title of every box
     CompanyInfoRow Company;
@@ -61,20 +78,13 @@ struct Session {
     bool AutoLogoffActive = false;
     int IdleTickCounter = 0;
 
-    // The open key system.
+    // The open key system, filled by `OpenKeySystem`.
     int ActiveSystemNumber = 0;
+    OpenSystem System;
     int MapFilingNumber = 0; ///< the number that its maps are filed under
     int CurrentPage = 0;
 
-    // The door in hand, as the map page takes it over.
-    double CurrentDoorID = 0; ///< 0: none
-    QString CurrentDoorLabel;
-    int CurrentDoorLinkMapID = 0; ///< map that the door lies on; 0: none
-    double CurrentDoorX = 0;      ///< pixels on the map
-    double CurrentDoorY = 0;
-    int CurrentDoorColour = kTargetColour; ///< of its target, in blue-green-red order
-    QString MapDoorLabel;
-    QString MapDoorKeyID;
+    DoorInHand door;
 
     // Doors and holders.
     bool FindOpensKey = false;    ///< the holders' form comes up for a key that was searched

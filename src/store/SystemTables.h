@@ -131,6 +131,7 @@ struct ManufacturerRow {
 /// What lists show of a named key: a part of the table's columns.
 struct NamedKeyRow {
     using Self = NamedKeyRow;
+    using Whole = PatternsRow;
     RowKey key = 0;
     int PageNumber = 0;
     int Position = 0;
@@ -138,7 +139,6 @@ struct NamedKeyRow {
     QString Department;
     QString Description;
 
-    static constexpr const char* kTable = PatternsRow::kTable;
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(PageNumber), QUORREL_COLUMN(Position),
                           QUORREL_COLUMN(Label), QUORREL_COLUMN(Department),

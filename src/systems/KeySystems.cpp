@@ -29,7 +29,7 @@ QString MapPathOf(const Session& session, const KeySystemRow& system) {
 
 template <class Row>
 Recordset<Row> RowsOf(Session& session, int systemID) {
-    return Recordset<Row>(session.Keys(), Query().Where("SystemNumber", systemID));
+    return Recordset<Row>(session.Keys(), Query<Row>().Where(&Row::SystemNumber, systemID));
 }
 
 template <class... Rows>
@@ -45,7 +45,9 @@ std::vector<KeySystemRow> ListKeySystems(Session& session) {
 
 bool OpenSelectedSystem(Session& session, const QString& systemName) {
     const auto system =
-        Recordset<KeySystemRow>(session.Keys(), Query().Where("SystemName", systemName)).First();
+        Recordset<KeySystemRow>(session.Keys(),
+                                Query<KeySystemRow>().Where(&KeySystemRow::SystemName, systemName))
+            .First();
     if (system)
         OpenKeySystem(session, *system);
     return system.has_value();
@@ -55,6 +57,7 @@ void OpenKeySystem(Session& session, const KeySystemRow& system) {
     session.ActiveSystemNumber = system.SystemID;
     session.MapFilingNumber = system.MapFileID == 0 ? system.SystemID : system.MapFileID;
     session.CurrentPage = 1;
+    session.System = ReadOpenSystem(session.Keys(), system.SystemID);
     session.MapDatabase = OpenMaps(session, system);
 }
 
@@ -95,7 +98,9 @@ void DeleteKeySystem(Session& session, int systemID) {
     DeleteRowsOf<PatternsRow, AllKeysRow, DoorsRow, DepartmentRow, KeyUsersRow, KeyUnitRow,
                  UsertoUnitRow, ReturnKeyRow, LostKeysRow, CrossKeyedRow, ActivityRow>(session,
                                                                                        systemID);
-    Recordset<KeySystemRow>(session.Keys(), Query().Where("SystemID", systemID)).DeleteAll();
+    Recordset<KeySystemRow>(session.Keys(),
+                            Query<KeySystemRow>().Where(&KeySystemRow::SystemID, systemID))
+        .DeleteAll();
     transaction.Commit();
 }
 

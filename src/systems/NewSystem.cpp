@@ -91,10 +91,10 @@ std::optional<Refusal> CheckPages(const SystemDefinition& definition) {
 
 /// A number that no system has, and none that is gone but has left maps behind.
 int FreeSystemID(Session& session) {
-    qint64 highest = Recordset<KeySystemRow>(session.Keys()).Largest("SystemID");
+    qint64 highest = Recordset<KeySystemRow>(session.Keys()).Largest(&KeySystemRow::SystemID);
     if (const auto maps = OpenMaps(session, {})) {
         try {
-            highest = std::max(highest, Recordset<MapRow>(*maps).Largest("SystemNumber"));
+            highest = std::max(highest, Recordset<MapRow>(*maps).Largest(&MapRow::SystemNumber));
         } catch (const DatabaseError&) {
             // Maps that cannot be read now do not hinder a new system.
         }

@@ -27,7 +27,6 @@ frmCreateFile::frmCreateFile(Session& session)
     ui->txtLockBrand->lineEdit()->setMaxLength(255);
     // The lines are filled up with blanks to stand in columns.
     ui->List1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    PlaceOnScreen(*this);
     OfferHelp(help::kCreateSystem, ui->cmdHelp);
     ui->cmdCreate->setEnabled(session.SessionPermissions.CreateSystem);
     const SystemDefinition usual;
@@ -67,7 +66,7 @@ void frmCreateFile::WatchFields() {
     On(ui->txtMasterKey, &QLineEdit::textChanged, [this] { MasterChanged(); });
     On(ui->cmdRandomMaster, &QPushButton::clicked, [this] { DrawMaster(); });
     On(ui->cmdCreate, &QPushButton::clicked, [this] { Create(); });
-    On(ui->cmdCancel, &QPushButton::clicked, [this] { close(); });
+    On(ui->cmdCancel, &QPushButton::clicked, [this] { Leave(); });
 }
 
 bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
@@ -117,7 +116,7 @@ void frmCreateFile::FillBrands() {
 
 void frmCreateFile::CheckBrand() {
     const QString brand = ui->txtLockBrand->currentText();
-    if (!m_goingOn && LearnLockBrand(m_session, brand))
+    if (LearnLockBrand(m_session, brand))
         emit PinSizesWanted(brand);
 }
 
@@ -265,23 +264,7 @@ void frmCreateFile::Create() {
     }
     const BusyPointer busy;
     OpenKeySystem(m_session, CreateKeySystem(m_session, system));
-    m_goingOn = true;
-    hide();
     emit SystemCreated();
-    close();
-}
-
-bool frmCreateFile::Unloading() {
-    if (m_goingOn)
-        return true;
-    m_goingOn = true;
-    bool nothingToGoBackTo = true;
-    Guarded([&] { nothingToGoBackTo = ListKeySystems(m_session).empty(); });
-    if (nothingToGoBackTo)
-        emit Ended();
-    else
-        emit Cancelled();
-    return true;
 }
 
 } // namespace quorrel

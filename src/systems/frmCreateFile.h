@@ -27,13 +27,8 @@ signals:
     void SystemCreated();
     /// A brand without pin sizes was added.
     void PinSizesWanted(const QString& brand);
-    /// The form was left without creating; systems exist.
-    void Cancelled();
-    /// The form was left, and there is no system to go back to.
-    void Ended();
 
 protected:
-    bool Unloading() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -54,7 +49,6 @@ private:
     QWidget* FieldOf(Refusal::Field field) const;
 
     std::unique_ptr<Ui::frmCreateFile> ui;
-    bool m_goingOn = false;
 };
 
 } // namespace quorrel

@@ -11,18 +11,13 @@ namespace quorrel {
 frmOpenFile::frmOpenFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmOpenFile>()) {
     ui->setupUi(this);
-    PlaceOnScreen(*this);
     OfferHelp(help::kOpenSystem, ui->cmdHelp);
     const bool mayCreate = session.SessionPermissions.CreateSystem;
     ui->cmdNew->setEnabled(mayCreate);
     ui->cmdDelete->setEnabled(mayCreate);
     On(ui->cmdOpen, &QPushButton::clicked, [this] { OpenSelected(); });
     On(ui->lstSystemFiles, &QListWidget::itemDoubleClicked, [this] { OpenSelected(); });
-    On(ui->cmdNew, &QPushButton::clicked, [this] {
-        m_keepRunning = true;
-        emit NewSystemWanted();
-        close();
-    });
+    On(ui->cmdNew, &QPushButton::clicked, [this] { emit NewSystemWanted(); });
     On(ui->cmdDelete, &QPushButton::clicked, [this] { DeleteSelected(); });
     auto* deleteKey = new QShortcut(QKeySequence::Delete, ui->lstSystemFiles);
     deleteKey->setContext(Qt::WidgetShortcut);
@@ -41,8 +36,7 @@ void frmOpenFile::Activated() {
 /// Whoever comes back to the list sees what other workstations have done meanwhile.
 void frmOpenFile::changeEvent(QEvent* event) {
     Form::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible() &&
-        !m_keepRunning)
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && isVisible())
         Guarded([this] { RefreshList(); });
 }
 
@@ -63,11 +57,8 @@ void frmOpenFile::FillList() {
     for (const KeySystemRow& system : m_systems)
         ui->lstSystemFiles->addItem(system.SystemName);
     ui->lstSystemFiles->setCurrentRow(0);
-    if (!m_systems.empty())
-        return;
-    m_keepRunning = true;
-    emit NoSystems();
-    close();
+    if (m_systems.empty())
+        emit NewSystemWanted();
 }
 
 void frmOpenFile::OpenSelected() {
@@ -82,10 +73,7 @@ void frmOpenFile::OpenSelected() {
         FillList();
         return;
     }
-    m_keepRunning = true;
-    hide();
     emit SystemOpened();
-    close();
 }
 
 void frmOpenFile::DeleteSelected() {
@@ -103,12 +91,6 @@ void frmOpenFile::DeleteSelected() {
     const BusyPointer busy;
     DeleteKeySystem(m_session, system.SystemID);
     FillList();
-}
-
-bool frmOpenFile::Unloading() {
-    if (!m_keepRunning)
-        emit Ended();
-    return true;
 }
 
 } // namespace quorrel

@@ -22,16 +22,12 @@ public:
 signals:
     /// A system is open in the session.
     void SystemOpened();
+    /// A new system is wanted, or the file holds none (any more).
     void NewSystemWanted();
-    /// The file holds no system (any more).
-    void NoSystems();
-    /// The form was closed instead.
-    void Ended();
 
 protected:
     void Activated() override;
     void changeEvent(QEvent* event) override;
-    bool Unloading() override;
 
 private:
     void FillList();
@@ -42,7 +38,6 @@ private:
     std::unique_ptr<Ui::frmOpenFile> ui;
     std::vector<KeySystemRow> m_systems;
     qint64 m_dataVersion = 0; ///< of the file when the list was filled
-    bool m_keepRunning = false;
 };
 
 } // namespace quorrel

@@ -3,14 +3,19 @@
 #include "store/Session.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QGuiApplication>
-#include <QScreen>
+#include <QPointer>
 #include <QShowEvent>
 
-#include <exception>
+#include <functional>
+#include <map>
+#include <type_traits>
 #include <utility>
+
+class QLabel;
 
 namespace quorrel {
 
@@ -26,74 +31,137 @@ public:
     BusyPointer& operator=(const BusyPointer&) = delete;
 };
 
-/// Puts a window on the screen, with these shares of the free room to its left and above it: two
-/// halves are the middle, two quarters nearer to the top left corner.
-inline void PlaceOnScreen(QWidget& window, double left, double above) {
-    const QRect free = window.screen()->availableGeometry();
-    window.move(free.x() + static_cast<int>((free.width() - window.width()) * left),
-                free.y() + static_cast<int>((free.height() - window.height()) * above));
-}
+/// What every form tells the program. It shows nothing and hides nothing itself: the program
+/// brings up what comes next first, and lets the form go only when that stands.
+class FormEvents : public QObject {
+    Q_OBJECT
 
-inline void PlaceOnScreen(QWidget& window, double share = 0.5) {
-    PlaceOnScreen(window, share, share);
-}
+signals:
+    /// The user wants the help topic of a context number.
+    void HelpWanted(int context);
+    /// The user has left the form, and nothing speaks against it.
+    void Closed();
+    /// Another workstation has deleted the open key system.
+    void SystemLost();
+};
 
-/// What every form has in common, over the window class that it is: the session, one place for
-/// what a failed event says, and the two moments of a form's life that the rules speak of.
-/// A form that is closed is deleted; one that is hidden lives on.
-template <class Window>
-class FormOver : public Window {
+/// What every form has, whichever window class it is: the session, one place for what a failed
+/// event says, the boxes that do something when they are left, the question before typed text is
+/// dropped, a line at its foot, and its place on the screen.
+class FormCore {
 public:
-    explicit FormOver(Session& session) : m_session(session) {
-        this->setAttribute(Qt::WA_DeleteOnClose);
-    }
+    FormCore(const FormCore&) = delete;
+    FormCore& operator=(const FormCore&) = delete;
+    virtual ~FormCore();
+
+    FormEvents& Events() { return m_events; }
+
+    /// Takes the form off the screen and out of memory, without a question.
+    void LetGo();
 
 protected:
+    FormCore(QWidget& window, Session& session);
+
     /// The form has come up: shown for the first time, or again.
     virtual void Activated() {}
 
-    /// The form is about to be unloaded. Returning false keeps it open.
+    /// The user leaves the form. Returning false keeps it open.
     virtual bool Unloading() { return true; }
 
-    /// Runs what an event does. A failure is told in a box and leaves the form as it is.
-    template <class Action>
-    void Guarded(Action&& action) {
-        try {
-            action();
-        } catch (const std::exception& error) {
-            while (QGuiApplication::overrideCursor())
-                QGuiApplication::restoreOverrideCursor();
-            m_session.boxes.Message(QString::fromUtf8(error.what()), m_session.ProgramTitle,
-                                    BoxButtons::Ok, BoxIcon::Warning);
-        }
-    }
+    /// Names what would be lost if the form were left now, as in "What you have typed for door
+    /// A-101"; empty when what it shows is what is stored.
+    virtual QString Unsaved() const { return {}; }
+
+    /// What the form shows is not what the file holds. Reads it anew.
+    virtual void Reload() {}
+
+    /// Asks before what was typed is dropped. True when nothing would be lost, or may be.
+    bool MayDrop();
+
+    /// Leaves the form by a command that does so without a question, such as "Done".
+    void Leave();
+
+    /// Runs what an event does. A failure is told in a box and leaves the form as it is; one that
+    /// comes of another workstation shows what holds now.
+    void Guarded(const std::function<void()>& action);
+
+    /// What is to happen when a box of the form is left: by the focus going elsewhere within the
+    /// window, and before any command of the form acts, since neither a shortcut nor the Enter key
+    /// moves the focus. `action` returning false keeps the command from acting.
+    void OnLeaving(QWidget* box, std::function<bool()> action);
 
     /// Connects an event of a control to its handler.
     template <class Sender, class Signal, class Action>
     void On(Sender* sender, Signal signal, Action action) {
-        QObject::connect(sender, signal, this, [this, action](auto&&... arguments) {
+        constexpr bool command =
+            std::is_base_of_v<QAbstractButton, Sender> || std::is_base_of_v<QAction, Sender>;
+        QObject::connect(sender, signal, &m_events, [this, action](auto... arguments) {
             Guarded([&] {
+                if (command && !LeaveBox())
+                    return;
                 if constexpr (std::is_invocable_v<Action, decltype(arguments)...>)
-                    action(std::forward<decltype(arguments)>(arguments)...);
+                    action(arguments...);
                 else
                     action();
             });
         });
     }
 
+    /// Gives the form its help topic, for F1 and for its help button.
+    void OfferHelp(int context, QAbstractButton* button = nullptr);
+
+    /// Gives the form a line at its foot, in which `Tell` says what was stored.
+    void OfferFoot();
+    void Tell(const QString& text);
+
+    /// Where the form comes up for the first time, as shares of the free room to its left and
+    /// above it: two halves are the middle. Later it comes back to where the user left it.
+    void PlaceAt(double left, double above);
+
+    // The moments of a window's life, for the class that is the window.
+    void WindowShown(bool byProgram);
+    void WindowHidden();
+    bool WindowMayClose();
+
+    Session& m_session;
+
+private:
+    class FocusWatch;
+
+    /// Does what leaving the box with the focus does. False when the command is not to act.
+    bool LeaveBox();
+
+    QWidget& m_window;
+    FormEvents m_events;
+    std::map<QWidget*, std::function<bool()>> m_boxes; ///< and what leaving them does
+    QLabel* m_foot = nullptr;
+    std::pair<double, double> m_share{0.5, 0.5}; ///< of the free room, left and above
+    bool m_placed = false;
+    bool m_leaving = false; ///< by a command that asks no question
+    bool m_letGo = false;
+};
+
+/// A form over the window class that it is.
+template <class Window>
+class FormOver : public Window, public FormCore {
+public:
+    explicit FormOver(Session& session) : FormCore(static_cast<QWidget&>(*this), session) {}
+
+protected:
     void showEvent(QShowEvent* event) override {
+        WindowShown(!event->spontaneous());
         Window::showEvent(event);
         if (!event->spontaneous())
             Guarded([this] { Activated(); });
     }
 
-    void closeEvent(QCloseEvent* event) override {
-        bool unload = false; // What could not be stored stays on the form.
-        Guarded([&] { unload = Unloading(); });
-        event->setAccepted(unload);
+    void hideEvent(QHideEvent* event) override {
+        Window::hideEvent(event);
+        if (!event->spontaneous())
+            WindowHidden();
     }
 
-    Session& m_session;
+    void closeEvent(QCloseEvent* event) override { event->setAccepted(WindowMayClose()); }
 };
 
 /// A form other than the main one. Escape closes it as its window button does.
@@ -104,18 +172,6 @@ public:
     explicit Form(Session& session) : FormOver<QDialog>(session) {}
 
     void reject() override { close(); }
-
-signals:
-    /// The user wants the help topic of a context number.
-    void HelpWanted(int context);
-
-protected:
-    /// Gives the form its help topic, for F1 and for its help button.
-    void OfferHelp(int context, QAbstractButton* button = nullptr) {
-        setProperty(kHelpContext, context);
-        if (button)
-            On(button, &QAbstractButton::clicked, [this, context] { emit HelpWanted(context); });
-    }
 };
 
 } // namespace quorrel

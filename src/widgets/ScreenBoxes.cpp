@@ -5,6 +5,9 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressDialog>
 
 namespace quorrel {
 
@@ -48,10 +51,50 @@ QString ToolkitFilter(const QString& filter) {
     return filters.join(QStringLiteral(";;"));
 }
 
+/// Keeps the hourglass away while a box waits for the user.
+class PlainPointer {
+public:
+    PlainPointer() {
+        for (; QGuiApplication::overrideCursor(); ++m_waiting)
+            QGuiApplication::restoreOverrideCursor();
+    }
+    ~PlainPointer() {
+        for (; m_waiting > 0; --m_waiting)
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    int m_waiting = 0; ///< how many actions had the hourglass
+};
+
+class ProgressOnScreen : public Progress {
+public:
+    ProgressOnScreen(const QString& text, const QString& title, int steps)
+        : m_dialog(text, QObject::tr("Cancel"), 0, steps, QApplication::activeWindow()) {
+        m_dialog.setWindowTitle(title);
+        m_dialog.setWindowModality(Qt::ApplicationModal);
+        m_dialog.setMinimumDuration(kSoon);
+    }
+
+    bool Advance(int stepsDone) override {
+        m_dialog.setValue(stepsDone);
+        return !m_dialog.wasCanceled();
+    }
+
+private:
+    static constexpr int kSoon = 400; ///< milliseconds; what takes less shows nothing
+
+    PlainPointer m_pointer;
+    QProgressDialog m_dialog;
+};
+
 } // namespace
 
 BoxAnswer ScreenBoxes::ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
                                    BoxIcon icon) {
+    const PlainPointer pointer;
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
@@ -78,13 +121,16 @@ BoxAnswer ScreenBoxes::ShowMessage(const QString& text, const QString& title, Bo
     }
 }
 
-QString ScreenBoxes::OpenFile(const QString& title, const QString& filter) {
-    return QFileDialog::getOpenFileName(QApplication::activeWindow(), title, {},
-                                        ToolkitFilter(filter));
+QString ScreenBoxes::ShowOpenFile(const QString& title, const QString& filter) {
+    const PlainPointer pointer;
+    QFileDialog dialog(QApplication::activeWindow(), title, {}, ToolkitFilter(filter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return dialog.exec() ? dialog.selectedFiles().value(0) : QString();
 }
 
-QString ScreenBoxes::SaveFile(const QString& title, const QString& filter,
-                              const QString& proposal) {
+QString ScreenBoxes::ShowSaveFile(const QString& title, const QString& filter,
+                                  const QString& proposal) {
+    const PlainPointer pointer;
     QFileDialog dialog(QApplication::activeWindow(), title, {}, ToolkitFilter(filter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.selectFile(proposal);
@@ -92,12 +138,36 @@ QString ScreenBoxes::SaveFile(const QString& title, const QString& filter,
     return dialog.exec() ? dialog.selectedFiles().value(0) : QString();
 }
 
-std::optional<QString> ScreenBoxes::Input(const QString& text, const QString& title,
-                                          const QString& proposal) {
-    bool accepted = false;
-    const QString typed = QInputDialog::getText(QApplication::activeWindow(), title, text,
-                                                QLineEdit::Normal, proposal, &accepted);
-    return accepted ? std::optional(typed) : std::nullopt;
+std::optional<QString> ScreenBoxes::ShowInput(const QString& text, const QString& title,
+                                              const QString& proposal) {
+    const PlainPointer pointer;
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(text);
+    dialog.setTextValue(proposal);
+    return dialog.exec() ? std::optional(dialog.textValue()) : std::nullopt;
+}
+
+std::optional<PrinterChoice> ScreenBoxes::ShowPrinters(const PrinterChoice& proposal) {
+    const PlainPointer pointer;
+    QPrinter printer;
+    if (!proposal.printer.isEmpty())
+        printer.setPrinterName(proposal.printer);
+    printer.setCopyCount(proposal.copies);
+    printer.setFromTo(proposal.firstPage, proposal.lastPage);
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, true);
+    if (!dialog.exec())
+        return std::nullopt;
+    const bool all = printer.printRange() == QPrinter::AllPages;
+    return PrinterChoice{printer.printerName(), printer.copyCount(),
+                         all ? 1 : std::max(1, printer.fromPage()), all ? 0 : printer.toPage()};
+}
+
+std::unique_ptr<Progress> ScreenBoxes::BeginProgress(const QString& text, const QString& title,
+                                                     int steps) {
+    return std::make_unique<ProgressOnScreen>(text, title, steps);
 }
 
 } // namespace quorrel

@@ -7,14 +7,18 @@ namespace quorrel {
 /// The boxes as they appear on the screen, over the window in use.
 class ScreenBoxes : public Boxes {
 public:
-    QString OpenFile(const QString& title, const QString& filter) override;
-    QString SaveFile(const QString& title, const QString& filter, const QString& proposal) override;
-    std::optional<QString> Input(const QString& text, const QString& title,
-                                 const QString& proposal) override;
+    std::unique_ptr<Progress> BeginProgress(const QString& text, const QString& title,
+                                            int steps) override;
 
 private:
     BoxAnswer ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
                           BoxIcon icon) override;
+    QString ShowOpenFile(const QString& title, const QString& filter) override;
+    QString ShowSaveFile(const QString& title, const QString& filter,
+                         const QString& proposal) override;
+    std::optional<QString> ShowInput(const QString& text, const QString& title,
+                                     const QString& proposal) override;
+    std::optional<PrinterChoice> ShowPrinters(const PrinterChoice& proposal) override;
 };
 
 } // namespace quorrel

@@ -141,7 +141,9 @@ TEST(FrmLogoff, TheMouseAndTheButtonCancelIt) {
     QWidget* logoff = run.Form("frmLogoff");
     QTest::mouseMove(logoff, QPoint(5, 5));
     QTest::mouseMove(logoff, QPoint(9, 9));
-    EXPECT_EQ(LabelText(logoff, "lblTimeout"), " Mouse Movement detected,  canceling Logoff");
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return LabelText(logoff, "lblTimeout") == " Mouse Movement detected,  canceling Logoff";
+    }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !run.IsLoaded("frmLogoff"); }, 5000));
     EXPECT_EQ(run.session.IdleTickCounter, 0);
     EXPECT_FALSE(run.ended);

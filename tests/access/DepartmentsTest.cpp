@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 #include "support/TestProgram.h"
 
 namespace quorrel::test {
@@ -34,9 +35,8 @@ protected:
         Recordset<DepartmentRow>::Add(session.Keys(), list);
     }
 
-    Query OfSystem() { return Query().Where("SystemNumber", session.ActiveSystemNumber); }
     std::vector<PatternsRow> Patterns() {
-        return Recordset<PatternsRow>(session.Keys(), OfSystem()).Rows();
+        return Recordset<PatternsRow>(session.Keys(), OfSystem<PatternsRow>(session)).Rows();
     }
 
     QStringList OnKeys(qsizetype count) {
@@ -75,7 +75,6 @@ TEST_F(Departments, AreRenamedEverywhereInCapitalsAndALongerNameIsCaughtToo) {
 
     // The page in memory takes it over when it is read.
     PageView page(session);
-    page.LoadSystem();
     page.LoadPageView();
     EXPECT_EQ(page.Cell(Patterns()[1].Position).department, "HARBOUR OFFICE");
 }

@@ -168,7 +168,7 @@ TEST_F(FrmPermissions, NothingTypedIsLostWithoutAQuestion) {
     Click(form, "cmdAdd");
     EXPECT_EQ(Checked(), QStringList({"ckAK", "ckCS", "ckRR"}));
     program.boxes.Expect("entered for Porter is not saved", BoxAnswer::No);
-    Click(form, "cmdExit");
+    form->close();
     EXPECT_TRUE(form->isVisible());
     program.boxes.Expect("entered for Porter is not saved", BoxAnswer::Yes);
     Choose(2);
@@ -176,7 +176,7 @@ TEST_F(FrmPermissions, NothingTypedIsLostWithoutAQuestion) {
     EXPECT_EQ(Text("txtUserID"), "8");
 
     int closed = 0;
-    QObject::connect(form, &frmPermissions::Closed, form, [&] { ++closed; });
+    QObject::connect(&form->Events(), &FormEvents::Closed, form, [&] { ++closed; });
     Click(form, "cmdExit");
     EXPECT_EQ(closed, 1);
 }

@@ -150,16 +150,16 @@ TEST(LoadDoorRecord, MakesTheDoorTheCurrentOne) {
     placed.LinkMapID = 4;
     Recordset<DoorsRow>::Update(site.session.Keys(), placed);
     LoadDoorRecord(site.session, "A1");
-    EXPECT_EQ(site.session.CurrentDoorX, 120);
-    EXPECT_EQ(site.session.CurrentDoorY, 75.5);
-    EXPECT_EQ(site.session.CurrentDoorLinkMapID, 4);
+    EXPECT_EQ(site.session.door.CurrentDoorX, 120);
+    EXPECT_EQ(site.session.door.CurrentDoorY, 75.5);
+    EXPECT_EQ(site.session.door.CurrentDoorLinkMapID, 4);
     EXPECT_FALSE(LoadDoorRecord(site.session, "b1"));
     EXPECT_FALSE(LoadDoorRecord(site.session, "B1 "));
-    EXPECT_EQ(site.session.CurrentDoorLabel, "A1");
+    EXPECT_EQ(site.session.door.CurrentDoorLabel, "A1");
     LoadDoorRecord(site.session, "B1");
-    EXPECT_EQ(site.session.CurrentDoorID, site.Doors().at(1).DoorID);
-    EXPECT_EQ(site.session.CurrentDoorLabel, "B1");
-    EXPECT_EQ(site.session.CurrentDoorX, 120) << "an unplaced door leaves the place in hand";
+    EXPECT_EQ(site.session.door.CurrentDoorID, site.Doors().at(1).DoorID);
+    EXPECT_EQ(site.session.door.CurrentDoorLabel, "B1");
+    EXPECT_EQ(site.session.door.CurrentDoorX, 120) << "an unplaced door leaves the place in hand";
 }
 
 TEST(DoorRecords, StayWithinTheOpenSystem) {
@@ -171,9 +171,9 @@ TEST(DoorRecords, StayWithinTheOpenSystem) {
     NewSystem cores = StandardSystem("Cores", "395172");
     cores.type = SystemType::ICCore23;
     cores.special = "527394";
-    EXPECT_FALSE(SystemIsIC(site.session));
+    EXPECT_FALSE(site.session.System.SystemIsIC);
     site.CreateAndOpen(cores);
-    EXPECT_TRUE(SystemIsIC(site.session));
+    EXPECT_TRUE(site.session.System.SystemIsIC);
     EXPECT_FALSE(HasDoors(site.session));
     EXPECT_FALSE(LoadDoorRecord(site.session, "A1"));
     EXPECT_EQ(CountHardware(site.session, "Lever"), 0);

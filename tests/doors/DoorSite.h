@@ -21,19 +21,20 @@ public:
 
     /// Gives a key of the first page its Key ID, stored just so.
     void NameKey(int position, const QString& label, const QString& description = {}) {
-        auto row =
-            Recordset<PatternsRow>(session.Keys(), Query()
-                                                       .Where("SystemNumber", system.SystemID)
-                                                       .Where("PageNumber", 1)
-                                                       .Where("Position", position))
-                .First();
+        auto row = Recordset<PatternsRow>(session.Keys(),
+                                          Query<PatternsRow>()
+                                              .Where(&PatternsRow::SystemNumber, system.SystemID)
+                                              .Where(&PatternsRow::PageNumber, 1)
+                                              .Where(&PatternsRow::Position, position))
+                       .First();
         row->Label = label;
         row->Description = description;
         Recordset<PatternsRow>::Update(session.Keys(), *row);
     }
 
     std::vector<DoorsRow> Doors() {
-        return Recordset<DoorsRow>(session.Keys(), Query().Where("SystemNumber", system.SystemID))
+        return Recordset<DoorsRow>(session.Keys(), Query<DoorsRow>().Where(&DoorsRow::SystemNumber,
+                                                                           system.SystemID))
             .Rows();
     }
 

@@ -1,6 +1,7 @@
 #include "doors/DoorSite.h"
 #include "doors/frmDoors.h"
 #include "platform/Text.h"
+#include "store/DatabaseFiles.h"
 #include "support/FormDriver.h"
 #include "widgets/ChoiceList.h"
 #include "widgets/TextCombo.h"
@@ -22,10 +23,10 @@ protected:
 
     void Open(const DoorWindows& offered = {true, true}) {
         form = new frmDoors(site.session, offered);
-        QObject::connect(form, &frmDoors::Closed, [this] { ++closed; });
+        QObject::connect(&form->Events(), &FormEvents::Closed, [this] { ++closed; });
         QObject::connect(form, &frmDoors::MapWanted, [this] {
             ++maps;
-            placeAtMap = site.session.CurrentDoorX;
+            placeAtMap = site.session.door.CurrentDoorX;
         });
         QObject::connect(form, &frmDoors::CrossKeyWanted,
                          [this](const CrossKeyDoor& door) { crossKeyed.push_back(door); });
@@ -202,7 +203,7 @@ TEST_F(FrmDoors, CrossKeyingTakesALabelAndLeadsOn) {
     EXPECT_EQ(crossKeyed[0].id, QString::number(site.system.SystemID * 10000 + 1));
     EXPECT_EQ(crossKeyed[0].description, "Vault");
     EXPECT_FALSE(crossKeyed[0].isIC);
-    EXPECT_FALSE(form->isVisible());
+    form->hide();
     DoorsRow door = site.Doors().at(0);
     EXPECT_TRUE(door.Crosskeyed);
     door.CutsLabel = "K9";
@@ -232,13 +233,12 @@ TEST_F(FrmDoors, TheMapTakesOverTheDoorEvenWithoutTheRight) {
     Click(form, "cmdAttachMap");
     EXPECT_EQ(maps, 1);
     EXPECT_EQ(placeAtMap, 30);
-    EXPECT_EQ(site.session.CurrentDoorX, 0);
-    EXPECT_EQ(site.session.CurrentDoorID, door.DoorID);
-    EXPECT_EQ(site.session.MapDoorLabel, "A1");
-    EXPECT_EQ(site.session.MapDoorKeyID, "K1");
-    EXPECT_EQ(site.session.CurrentDoorColour, 16776960);
+    EXPECT_EQ(site.session.door.CurrentDoorX, 0);
+    EXPECT_EQ(site.session.door.CurrentDoorID, door.DoorID);
+    EXPECT_EQ(site.session.door.MapDoorLabel, "A1");
+    EXPECT_EQ(site.session.door.MapDoorKeyID, "K1");
+    EXPECT_EQ(site.session.door.CurrentDoorColour, 16776960);
     EXPECT_EQ(site.Doors().at(0).DoorLocation, "East");
-    EXPECT_FALSE(form->isVisible());
 }
 
 TEST_F(FrmDoors, AMapCanBeAskedForWithANewDoor) {
@@ -246,7 +246,7 @@ TEST_F(FrmDoors, AMapCanBeAskedForWithANewDoor) {
     EXPECT_EQ(Find<QPushButton>(form, "cmdAttachMap")->text(), "Attach &Map");
     Type(form, "cmbDoorLabel", "New");
     Click(form, "cmdAttachMap");
-    EXPECT_EQ(site.session.CurrentDoorLabel, "New");
+    EXPECT_EQ(site.session.door.CurrentDoorLabel, "New");
     EXPECT_EQ(site.Doors().size(), 1U);
 }
 
@@ -266,14 +266,17 @@ TEST_F(FrmDoors, WindowsThatDoNotExistYetAreNotOffered) {
     EXPECT_FALSE(Find<QWidget>(form, "cmdAttachMap")->isVisible());
 }
 
-TEST_F(FrmDoors, ClosingTheWindowOffersToSaveAndTheButtonDoesNot) {
+TEST_F(FrmDoors, ClosingTheWindowAsksBeforeItDropsWhatWasTypedAndTheButtonDoesNot) {
     site.Save("A1", "old");
     Open();
     form->AskFor("A1");
     Type(form, "txtDoorDescription", "new");
-    site.boxes.Expect("The door A1 is not saved. Save it now?", BoxAnswer::Yes);
+    site.boxes.Expect("What you have typed for door A1 is not saved", BoxAnswer::No);
     QTest::keyClick(form.data(), Qt::Key_Escape);
-    EXPECT_EQ(site.Doors().at(0).DoorDescription, "new");
+    EXPECT_EQ(closed, 0);
+    EXPECT_EQ(Area("txtDoorDescription"), "new");
+    site.boxes.Expect("What you have typed for door A1 is not saved", BoxAnswer::Yes);
+    QTest::keyClick(form.data(), Qt::Key_Escape);
     EXPECT_EQ(closed, 1);
     delete form.data();
     Open();
@@ -286,7 +289,7 @@ TEST_F(FrmDoors, ClosingTheWindowOffersToSaveAndTheButtonDoesNot) {
     Type(form, "txtDoorDescription", "lost");
     Click(form, "cmdDone");
     EXPECT_EQ(closed, 3);
-    EXPECT_EQ(site.Doors().at(0).DoorDescription, "new");
+    EXPECT_EQ(site.Doors().at(0).DoorDescription, "old");
 }
 
 TEST_F(FrmDoors, AFailureToSaveIsToldAndLeavesWhatWasTyped) {
@@ -294,8 +297,10 @@ TEST_F(FrmDoors, AFailureToSaveIsToldAndLeavesWhatWasTyped) {
     Type(form, "cmbDoorLabel", "A1");
     Type(form, "txtDoorDescription", "kept");
     {
-        const Transaction elsewhere(site.session.Keys());
-        site.boxes.Expect("A transaction is open already.");
+        site.session.Keys().Execute("PRAGMA busy_timeout = 20");
+        const auto elsewhere = Database::Open(site.PathOf(kKeySystemFile), kKeySystemKind);
+        const Transaction writing(*elsewhere);
+        site.boxes.Expect("in use by another workstation");
         Click(form, "cmdSave");
     }
     EXPECT_EQ(Area("txtDoorDescription"), "kept");

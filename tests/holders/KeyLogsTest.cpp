@@ -26,10 +26,11 @@ class KeyLogs : public testing::TestWithParam<KeyLog> {
 protected:
     void SetUp() override {
         program.CreateAndOpen(StandardSystem("Pier", "2715"));
-        session.ActiveSystemNumber = 7;
+        session.Keys().Execute("UPDATE KeySystem SET SystemID = 7");
+        ASSERT_TRUE(OpenSelectedSystem(session, "Pier"));
         QString failure;
         ASSERT_TRUE(LoadStartupFiles(other, failure)) << failure.toStdString();
-        other.ActiveSystemNumber = 7;
+        ASSERT_TRUE(OpenSelectedSystem(other, "Pier"));
     }
 
     /// Adds a stored row as another part of the program does.

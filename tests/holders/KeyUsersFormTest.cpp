@@ -120,8 +120,10 @@ TEST_F(FrmKeyUsers, TheRoadOfAUnit) {
     EXPECT_EQ(Lines("lstUnitID"), (QStringList{"1", "2", "3", "4", "5"}));
     EXPECT_EQ(Recordset<ReturnKeyRow>(program.session.Keys()).First()->Report, "R-1");
     EXPECT_EQ(Recordset<LostKeysRow>(program.session.Keys()).First()->Report, "police 7");
+    bool closed = false;
+    QObject::connect(&form->Events(), &FormEvents::Closed, [&] { closed = true; });
     Click("cmdDone");
-    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(closed);
 }
 
 TEST_F(FrmKeyUsers, DeletesOnlyInTheFormByUserID) {

@@ -2,6 +2,7 @@
 #include "platform/Recordset.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 #include "store/Scramble.h"
 #include "support/TestProgram.h"
 
@@ -25,21 +26,18 @@ protected:
     void SetUp() override {
         program.CreateAndOpen(StandardSystem("Other", "2715"));
         program.CreateAndOpen(StandardSystem("Pier", "2715"));
-        page.LoadSystem();
         page.LoadPageView();
     }
 
     /// Names a key of a page, or any row by its position, as saving its record does.
     void Name(int pageNumber, int position, const QString& label, const QString& department = {},
               const QString& description = {}) {
-        auto row =
-            Recordset<PatternsRow>(program.session.Keys(),
-                                   Query()
-                                       .Where("SystemNumber", program.session.ActiveSystemNumber)
-                                       .Where("PageNumber", pageNumber)
-                                       .Where("Position", position))
-                .First()
-                .value();
+        auto row = Recordset<PatternsRow>(program.session.Keys(),
+                                          OfSystem<PatternsRow>(program.session)
+                                              .Where(&PatternsRow::PageNumber, pageNumber)
+                                              .Where(&PatternsRow::Position, position))
+                       .First()
+                       .value();
         row.Label = label.leftJustified(12);
         row.Department = department;
         row.Description = description;

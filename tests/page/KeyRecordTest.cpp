@@ -2,6 +2,7 @@
 #include "platform/Recordset.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
+#include "store/OfSystem.h"
 #include "store/Scramble.h"
 #include "support/TestProgram.h"
 
@@ -15,7 +16,6 @@ protected:
         program.CreateAndOpen(StandardSystem("Other", "2715"));
         other = program.session.ActiveSystemNumber;
         program.CreateAndOpen(StandardSystem("Pier", "2715"));
-        page.LoadSystem();
         page.LoadPageView();
     }
 
@@ -39,9 +39,8 @@ protected:
     std::vector<PatternsRow> Patterns(int cell) {
         const QString cuts = QString::fromStdString(page.Cell(cell).tag);
         return Recordset<PatternsRow>(program.session.Keys(),
-                                      Query()
-                                          .Where("SystemNumber", program.session.ActiveSystemNumber)
-                                          .Where("Cuts", Scrambled(cuts)))
+                                      OfSystem<PatternsRow>(program.session)
+                                          .Where(&PatternsRow::Cuts, Scrambled(cuts)))
             .Rows();
     }
 
@@ -85,8 +84,9 @@ TEST_F(KeyRecordTest, ANewKeyIDIsWrittenEverywhereAndNowhereElse) {
     EXPECT_EQ(page.Cell(6).keyLabel, "FRONT-A");
     EXPECT_EQ(page.Cell(6).date, "2026-03-15");
     EXPECT_TRUE(page.Cell(6).toolTip.startsWith("FRONT-A "));
-    EXPECT_EQ(Recordset<PatternsRow>(program.session.Keys(),
-                                     Query().Where("Label", QString("FRONT-A     ")))
+    EXPECT_EQ(Recordset<PatternsRow>(
+                  program.session.Keys(),
+                  Query<PatternsRow>().Where(&PatternsRow::Label, QString("FRONT-A     ")))
                   .Count(),
               1)
         << "the other system has the same cuts";

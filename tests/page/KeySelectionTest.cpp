@@ -14,7 +14,6 @@ protected:
         program.CreateAndOpen(system);
         program.session.Keys().Execute("UPDATE Patterns SET Label = 'K' || Position || '     ', "
                                        "Description = 'D' || Position || '   '");
-        page.LoadSystem();
         page.LoadPageView();
     }
 

@@ -159,8 +159,10 @@ TEST_F(SideLists, DoorsAndHoldersLeadToTheirForms) {
     HandOut("1001");
     main->OfferForms({});
     QStringList wanted;
-    QObject::connect(main, &frmMain::DoorWanted, [&](const QString& door) { wanted += door; });
-    QObject::connect(main, &frmMain::KeyUserWanted, [&](const QString& id) { wanted += id; });
+    QObject::connect(main, &frmMain::FormWanted, [&](const QString&, const QString& subject) {
+        wanted += subject;
+        main->hide();
+    });
     Type(main, "txtDescription", "Typed");
     Click(main, "cmdListDoors");
     Click(main, "cmdListUsers");
@@ -179,11 +181,13 @@ TEST_F(SideLists, DoorsAndHoldersLeadToTheirForms) {
     Click(main, "cmdListUsers");
     ClickLine("lstKeyUsers", 0);
     EXPECT_FALSE(main->isVisible());
+    main->show();
     EXPECT_EQ(wanted, QStringList({"East  gate", "1001"}));
-    EXPECT_EQ(
-        Recordset<PatternsRow>(run.session.Keys(), Query().Where("Description", QString("Typed")))
-            .Count(),
-        1);
+    EXPECT_EQ(Recordset<PatternsRow>(
+                  run.session.Keys(),
+                  Query<PatternsRow>().Where(&PatternsRow::Description, QString("Typed")))
+                  .Count(),
+              1);
 }
 
 } // namespace

@@ -169,8 +169,9 @@ TEST(FrmMain, KeyboardMovesBetweenCellsAndSelects) {
 }
 
 PatternsRow RowOf(RunningProgram& run, int position) {
-    return *Recordset<PatternsRow>(run.session.Keys(),
-                                   Query().Where("PageNumber", 1).Where("Position", position))
+    return *Recordset<PatternsRow>(run.session.Keys(), Query<PatternsRow>()
+                                                           .Where(&PatternsRow::PageNumber, 1)
+                                                           .Where(&PatternsRow::Position, position))
                 .First();
 }
 

@@ -15,7 +15,7 @@ class PageViewTest : public testing::Test {
 protected:
     void Open(const NewSystem& system) {
         program.CreateAndOpen(system);
-        page.LoadSystem();
+        page.ClearPageCells();
         Turn(1);
     }
 
@@ -46,8 +46,9 @@ TEST_F(PageViewTest, APageShowsItsRowsAndItsLevels) {
     for (const int number : {1, 2, 17, 64}) {
         Turn(number);
         const auto rows =
-            Recordset<PatternsRow>(keys(),
-                                   Query().Where("PageNumber", number).WhereBelow("Position", 104))
+            Recordset<PatternsRow>(keys(), Query<PatternsRow>()
+                                               .Where(&PatternsRow::PageNumber, number)
+                                               .WhereBelow(&PatternsRow::Position, 104))
                 .Rows();
         ASSERT_EQ(rows.size(), 104U);
         for (const PatternsRow& row : rows) {
@@ -135,7 +136,7 @@ TEST_F(PageViewTest, ACellWithoutRowKeepsTheFormerPages) {
     Turn(2);
     EXPECT_EQ(Cell(0).tag, former);
     EXPECT_NE(Cell(80).tag, former);
-    page.LoadSystem();
+    page.ClearPageCells();
     EXPECT_TRUE(Cell(0).IsBlank());
 }
 
@@ -165,7 +166,8 @@ TEST_F(PageViewTest, TheSpecialRowTellsTheTypeAndStandsInNoCell) {
 TEST_F(PageViewTest, AMissingSystemLeavesABlankPage) {
     Open(StandardSystem("Gone", "2715"));
     DeleteKeySystem(program.session, program.session.ActiveSystemNumber);
-    page.LoadSystem();
+    page.ClearPageCells();
+    program.session.System = ReadOpenSystem(keys(), program.session.ActiveSystemNumber);
     Turn(1);
     EXPECT_EQ(page.System().MaxPage, 0);
     EXPECT_EQ(page.System().name, "");

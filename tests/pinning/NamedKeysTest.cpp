@@ -17,8 +17,10 @@ protected:
         number = program.CreateAndOpen(system).SystemID;
     }
 
-    Query Row(int serial) const {
-        return Query().Where("SystemNumber", number).Where("Serial", serial);
+    Query<PatternsRow> Row(int serial) const {
+        return Query<PatternsRow>()
+            .Where(&PatternsRow::SystemNumber, number)
+            .Where(&PatternsRow::Serial, serial);
     }
 
     /// Names the key of a serial number and gives its cuts.

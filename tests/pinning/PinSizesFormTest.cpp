@@ -77,12 +77,14 @@ TEST_F(FrmManufacturer, KeepsTheSizesOfANewBrandCutToFourCharacters) {
     EXPECT_EQ(TextOf("txtBottom_2"), ".180") << "the brand that is left is shown";
 }
 
-TEST_F(FrmManufacturer, OffersToSaveWhatWasTyped) {
+TEST_F(FrmManufacturer, AsksBeforeWhatWasTypedIsDropped) {
     Type(form, "txtBottom_2", "9.99");
     run.boxes.Expect("The pin sizes of Generic .015 inch steps are not saved", BoxAnswer::No);
     ChooseBrand("Quayside");
     Type(form, "txtTop_1", ".020");
-    run.boxes.Expect("The pin sizes of Quayside are not saved", BoxAnswer::Yes);
+    run.boxes.Expect("What you have typed for Quayside is not saved", BoxAnswer::No);
+    Click(form, "cmdExit");
+    Click(form, "cmdRecord");
     Click(form, "cmdExit");
     EXPECT_FALSE(run.IsLoaded("frmManufacturer"));
     EXPECT_EQ(FindPinSizes(run.session, "Generic .015 inch steps")->bottom[2], ".180");

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace quorrel::test {
 
 /// A control of a form by its name. A name that does not exist fails the test and tells which do.
@@ -78,12 +80,23 @@ public:
         QObject::connect(&program, &Program::Ended, &program, [this] { ended = true; });
     }
 
+    /// Whatever happened, a user is never left with a running program and no window.
+    ~RunningProgram() {
+        QCoreApplication::processEvents();
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        EXPECT_TRUE(ended || !m_started ||
+                    std::any_of(windows.begin(), windows.end(),
+                                [](const QWidget* window) { return window->isVisible(); }))
+            << "No window is left of a program that still runs";
+    }
+
     /// The form of a name, which must be on the screen.
     QWidget* Form(const char* name) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QWidget* form = program.LoadedForm(QLatin1String(name));
         EXPECT_TRUE(form && form->isVisible()) << name << " is not on the screen";
+        m_started = true;
         return form;
     }
 
@@ -116,6 +129,9 @@ public:
 
     Program program;
     bool ended = false;
+
+private:
+    bool m_started = false; ///< a form has been on the screen
 };
 
 } // namespace quorrel::test

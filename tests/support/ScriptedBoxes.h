@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringList>
+
 #include <deque>
+#include <utility>
 #include <vector>
 
 namespace quorrel::test {
@@ -43,25 +46,35 @@ public:
     /// The box shown last.
     Shown Last() const { return m_shown.empty() ? Shown{} : m_shown.back(); }
 
-    QString OpenFile(const QString& title, const QString& filter) override {
-        m_shown.push_back({filter, title, BoxButtons::OkCancel});
-        return Next(filter).path;
+    /// The next box must be the printer dialog; this is chosen, or it is cancelled.
+    void ExpectPrinter(const std::optional<PrinterChoice>& choice) {
+        m_expected.push_back({kPrinters, choice ? BoxAnswer::Ok : BoxAnswer::Cancel, {}});
+        m_printer = choice;
     }
 
-    QString SaveFile(const QString& title, const QString& filter,
-                     const QString& proposal) override {
-        m_shown.push_back({filter + u'|' + proposal, title, BoxButtons::OkCancel});
-        return Next(filter).path;
+    /// A long action is cancelled when it tells of its first step.
+    void CancelProgress() { m_cancelProgress = true; }
+
+    std::unique_ptr<Progress> BeginProgress(const QString& text, const QString& title,
+                                            int) override {
+        class Scripted : public Progress {
+        public:
+            explicit Scripted(bool cancel) : m_cancel(cancel) {}
+            bool Advance(int) override { return !m_cancel; }
+
+        private:
+            bool m_cancel;
+        };
+        m_progress.append(title + u'|' + text);
+        return std::make_unique<Scripted>(std::exchange(m_cancelProgress, false));
     }
 
-    std::optional<QString> Input(const QString& text, const QString& title,
-                                 const QString& proposal) override {
-        m_shown.push_back({text + u'|' + proposal, title, BoxButtons::OkCancel});
-        const Expected expected = Next(m_shown.back().text);
-        return expected.answer == BoxAnswer::Ok ? std::optional(expected.path) : std::nullopt;
-    }
+    /// Titles and texts of the long actions that showed their progress.
+    const QStringList& ProgressShown() const { return m_progress; }
 
 private:
+    inline static const QString kPrinters = QStringLiteral("Printers");
+
     struct Expected {
         QString text;
         BoxAnswer answer;
@@ -72,6 +85,29 @@ private:
                           BoxIcon) override {
         m_shown.push_back({text, title, buttons});
         return Next(text).answer;
+    }
+
+    QString ShowOpenFile(const QString& title, const QString& filter) override {
+        m_shown.push_back({filter, title, BoxButtons::OkCancel});
+        return Next(filter).path;
+    }
+
+    QString ShowSaveFile(const QString& title, const QString& filter,
+                         const QString& proposal) override {
+        m_shown.push_back({filter + u'|' + proposal, title, BoxButtons::OkCancel});
+        return Next(filter).path;
+    }
+
+    std::optional<QString> ShowInput(const QString& text, const QString& title,
+                                     const QString& proposal) override {
+        m_shown.push_back({text + u'|' + proposal, title, BoxButtons::OkCancel});
+        const Expected expected = Next(m_shown.back().text);
+        return expected.answer == BoxAnswer::Ok ? std::optional(expected.path) : std::nullopt;
+    }
+
+    std::optional<PrinterChoice> ShowPrinters(const PrinterChoice&) override {
+        m_shown.push_back({kPrinters, kPrinters, BoxButtons::OkCancel});
+        return Next(kPrinters).answer == BoxAnswer::Ok ? m_printer : std::nullopt;
     }
 
     Expected Next(const QString& text) {
@@ -88,6 +124,9 @@ private:
 
     std::deque<Expected> m_expected;
     std::vector<Shown> m_shown;
+    std::optional<PrinterChoice> m_printer;
+    QStringList m_progress;
+    bool m_cancelProgress = false;
 };
 
 } // namespace quorrel::test

@@ -34,13 +34,19 @@ namespace {
 /// Nobody sits before this workstation.
 class NoBoxes : public Boxes {
 public:
-    QString OpenFile(const QString&, const QString&) override { return {}; }
-    QString SaveFile(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> Input(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
+    std::unique_ptr<Progress> BeginProgress(const QString&, const QString&, int) override {
+        throw std::runtime_error("Nobody watches");
     }
 
 private:
+    QString ShowOpenFile(const QString&, const QString&) override { return {}; }
+    QString ShowSaveFile(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> ShowInput(const QString&, const QString&, const QString&) override {
+        return std::nullopt;
+    }
+    std::optional<PrinterChoice> ShowPrinters(const PrinterChoice&) override {
+        return std::nullopt;
+    }
     BoxAnswer ShowMessage(const QString& text, const QString&, BoxButtons, BoxIcon) override {
         throw std::runtime_error(text.toStdString());
     }

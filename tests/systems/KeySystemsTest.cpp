@@ -22,8 +22,11 @@ void AddOneOfEach(Session& session, int system) {
 
 template <class... Rows>
 std::vector<qint64> CountsOf(Session& session, int system) {
-    return {Recordset<Rows>(session.Keys(), Query().Where("SystemNumber", system)).Count()...,
-            Recordset<KeySystemRow>(session.Keys(), Query().Where("SystemID", system)).Count()};
+    return {Recordset<Rows>(session.Keys(), Query<Rows>().Where(&Rows::SystemNumber, system))
+                .Count()...,
+            Recordset<KeySystemRow>(session.Keys(),
+                                    Query<KeySystemRow>().Where(&KeySystemRow::SystemID, system))
+                .Count()};
 }
 
 TEST(DeleteKeySystem, TakesEveryRowOfTheSystemAndNoOther) {

@@ -12,8 +12,9 @@ namespace quorrel::test {
 namespace {
 
 std::vector<PatternsRow> PatternsOf(Session& session, int systemID) {
-    return Recordset<PatternsRow>(session.Keys(),
-                                  Query().Where("SystemNumber", systemID).OrderBy("Serial"))
+    return Recordset<PatternsRow>(session.Keys(), Query<PatternsRow>()
+                                                      .Where(&PatternsRow::SystemNumber, systemID)
+                                                      .OrderBy(&PatternsRow::Serial))
         .Rows();
 }
 

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/Recordset.h"
+#include "store/Session.h"
+
+#include <QStringList>
+
+#include <stdexcept>
+
+/// \file
+/// What the screen showed must be what a transaction still finds. These routines stand at the
+/// beginning of everything that writes; what they throw, a form tells its user, and then shows
+/// what holds now. Nothing has been written then.
+
+namespace quorrel {
+
+/// Another workstation has changed or deleted what is on the screen.
+class ChangedElsewhere : public std::runtime_error {
+public:
+    /// `text` says in plain words what has happened.
+    explicit ChangedElsewhere(const QString& text) : std::runtime_error(text.toStdString()) {}
+
+    /// `subject` as in "Door A-101". `unsaved` are the texts that were typed and cannot be kept.
+    static ChangedElsewhere Changed(const QString& subject, const QStringList& unsaved = {});
+    static ChangedElsewhere Deleted(const QString& subject);
+};
+
+/// The open key system is not in the file any more.
+class SystemGone : public std::runtime_error {
+public:
+    explicit SystemGone(const QString& systemName);
+};
+
+/// A transaction that writes for the open key system. Throws `SystemGone` when another
+/// workstation has deleted that, also where its number belongs to a system of another name.
+class SystemTransaction : public Transaction {
+public:
+    explicit SystemTransaction(Session& session);
+};
+
+/// The row as it is stored now. Throws `ChangedElsewhere` when it has been deleted. Within the
+/// caller's transaction.
+template <class Row>
+Row StoredRow(Database& database, RowKey key, const QString& subject) {
+    auto stored = Recordset<Row>(database, Query<WholeOf<Row>>().WhereKey(key)).First();
+    if (!stored)
+        throw ChangedElsewhere::Deleted(subject);
+    return *stored;
+}
+
+/// Makes sure that a row is stored as it was shown, in all columns that `Row` has. Throws
+/// `ChangedElsewhere` when it is not. Within the caller's transaction.
+template <class Row>
+void RequireAsShown(Database& database, const Row& shown, const QString& subject) {
+    if (!SameFields(StoredRow<Row>(database, shown.key, subject), shown))
+        throw ChangedElsewhere::Changed(subject);
+}
+
+/// What to store when `shown` was changed to `typed` here while it became `stored` at another
+/// workstation: the changes of both. Throws `ChangedElsewhere` where both have changed the same
+/// column to something else.
+template <class Row>
+Row MergedChanges(const Row& shown, const Row& typed, const Row& stored, const QString& subject) {
+    Row merged = stored;
+    bool conflict = false;
+    QStringList unsaved;
+    const auto merge = [&](const auto& column) {
+        const auto& mine = typed.*column.member;
+        if (mine == shown.*column.member)
+            return;
+        if (stored.*column.member != shown.*column.member && stored.*column.member != mine) {
+            conflict = true;
+            if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
+                unsaved.append(mine);
+        }
+        merged.*column.member = mine;
+    };
+    std::apply([&](const auto&... column) { (merge(column), ...); }, Row::Columns());
+    if (conflict)
+        throw ChangedElsewhere::Changed(subject, unsaved);
+    return merged;
+}
+
+} // namespace quorrel
