@@ -5,7 +5,7 @@
 #include "engine/PageGeometry.h"
 #include "page/frmMain.h"
 #include "store/DatabaseFiles.h"
-#include "widgets/ChoiceList.h"
+#include "widgets/TextList.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -30,7 +30,8 @@ public:
     void Select(const QString& keyID) {
         Find<QLineEdit>("txtSearchAll").setText(keyID);
         Fill("cmdKeyList", "lstAllIDs", 1);
-        emit Find<ChoiceList>("lstAllIDs").Chosen(0);
+        Find<TextList>("lstAllIDs").SetCurrentRow(0);
+        emit Find<TextList>("lstAllIDs").Clicked();
         if (KeyID() != keyID)
             throw std::runtime_error("The key is not the selected one.");
     }
@@ -38,7 +39,7 @@ public:
     /// Fills a list until it is painted with at least some lines.
     void Fill(const char* button, const char* list, int leastLines) {
         m_watch.UntilPainted([&] { Find<QPushButton>(button).click(); });
-        if (Find<ChoiceList>(list).Lines().size() < leastLines)
+        if (Find<TextList>(list).Lines().size() < leastLines)
             throw std::runtime_error("A list is not as long as it should be.");
     }
 

@@ -3,7 +3,7 @@
 #include "platform/Recordset.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
-#include "widgets/ChoiceList.h"
+#include "widgets/TextList.h"
 
 namespace quorrel::tour {
 
@@ -42,7 +42,7 @@ void ShowLists(Tour& tour) {
     Walker& walker = tour.walker;
     RecordDoorsAndHolders(tour.session);
     const auto lines = [&](const char* list) {
-        return walker.Find<ChoiceList>(QLatin1String(list)).Lines().size();
+        return walker.Find<TextList>(QLatin1String(list)).Lines().size();
     };
     const auto check = [&](const char* list, qsizetype count) {
         walker.Check(lines(list) == count, QStringLiteral("%1 has %2 lines, not %3")

@@ -2,8 +2,7 @@
 
 #include "engine/SystemDefinition.h"
 #include "widgets/HelpContexts.h"
-
-#include <QListWidget>
+#include "widgets/TextList.h"
 
 namespace quorrel::tour {
 
@@ -16,9 +15,9 @@ void CheckPreview(Walker& walker, int keys, int pages) {
     walker.CheckText(QStringLiteral("lblTotalChanges"),
                      QStringLiteral("Total Usable Change Keys = %1").arg(keys));
     walker.CheckContains(QStringLiteral("lblWithinSafety"), QStringLiteral("Safety Factor = "));
-    const auto& list = walker.Find<QListWidget>(QStringLiteral("List1"));
-    walker.Check(list.count() == pages,
-                 QStringLiteral("The preview has %1 lines, not %2").arg(list.count()).arg(pages));
+    const auto& list = walker.Find<TextList>(QStringLiteral("List1"));
+    walker.Check(list.Count() == pages,
+                 QStringLiteral("The preview has %1 lines, not %2").arg(list.Count()).arg(pages));
 }
 
 void PreviewSystem(Tour& tour) {
@@ -33,9 +32,9 @@ void PreviewSystem(Tour& tour) {
     walker.Type(QStringLiteral("txtSafetyFactor"), QStringLiteral("7"));
     walker.Type(QStringLiteral("txtMasterKey"), QStringLiteral("395172"));
     CheckPreview(walker, 4096, 64);
-    const auto* line = walker.Find<QListWidget>(QStringLiteral("List1")).item(0);
-    walker.Check(line->text() == QStringLiteral("Page 1    = 64"),
-                 QStringLiteral("The preview begins with \"%1\"").arg(line->text()));
+    const QString line = walker.Find<TextList>(QStringLiteral("List1")).Lines().value(0);
+    walker.Check(line == QStringLiteral("Page 1    = 64"),
+                 QStringLiteral("The preview begins with \"%1\"").arg(line));
     walker.Picture(QStringLiteral("create-preview"));
 }
 
@@ -143,12 +142,12 @@ void CreateSecond(Tour& tour) {
 
 void CheckList(Walker& walker) {
     walker.Enter("frmOpenFile");
-    const auto& list = walker.Find<QListWidget>(QStringLiteral("lstSystemFiles"));
-    walker.Check(list.count() == 3,
-                 QStringLiteral("The list has %1 systems, not 3").arg(list.count()));
-    walker.Check(list.item(0)->text() == kFirstName && list.item(1)->text() == kSecondName,
+    const auto& list = walker.Find<TextList>(QStringLiteral("lstSystemFiles"));
+    walker.Check(list.Count() == 3,
+                 QStringLiteral("The list has %1 systems, not 3").arg(list.Count()));
+    walker.Check(list.Lines().mid(0, 2) == QStringList({kFirstName, kSecondName}),
                  QStringLiteral("The list does not name the first two systems"));
-    walker.Check(list.currentRow() == 0, QStringLiteral("The first system is not selected"));
+    walker.Check(list.CurrentRow() == 0, QStringLiteral("The first system is not selected"));
 }
 
 void OpenFromList(Tour& tour) {

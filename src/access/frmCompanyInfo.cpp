@@ -1,13 +1,9 @@
 #include "access/frmCompanyInfo.h"
 
 #include "access/CompanyInfo.h"
-#include "platform/Files.h"
 #include "platform/Recordset.h"
 #include "ui_frmCompanyInfo.h"
-#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
-
-#include <QPixmap>
 
 namespace quorrel {
 
@@ -49,11 +45,7 @@ void frmCompanyInfo::LoadRow() {
 }
 
 void frmCompanyInfo::ShowLogo() {
-    QPixmap logo;
-    if (IsLogo(ui->txtPicPath->text()))
-        logo.load(FindIgnoringCase(ui->txtPicPath->text()));
-    const QSize room(400, 90);
-    ui->imgLogo->setPixmap(FittedPicture(logo, room, devicePixelRatioF()));
+    ui->imgLogo->ShowLogo(ui->txtPicPath->text());
 }
 
 void frmCompanyInfo::ShowPolicyLength() {

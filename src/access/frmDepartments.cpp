@@ -17,9 +17,9 @@ frmDepartments::frmDepartments(Session& session)
     OfferHelp(help::kDepartments, ui->cmdHelp);
     ui->lstDepartment->setFont(font()); // Names are in no columns.
     ui->txtRename->setMaxLength(kDepartmentWidth);
-    On(ui->lstDepartment->selectionModel(), &QItemSelectionModel::currentChanged,
-       [this] { ApplySelection(); });
+    On(ui->lstDepartment, &TextList::Clicked, [this] { ApplySelection(); });
     On(ui->lstDepartment, &TextList::DoubleClicked, [this] { BeginRenaming(); });
+    On(ui->lstDepartment, &TextList::EnterPressed, [this] { BeginRenaming(); });
     On(ui->cmdRename, &QPushButton::clicked, [this] { BeginRenaming(); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
     On(ui->cmdDelete, &QPushButton::clicked, [this] { Delete(); });
@@ -29,7 +29,7 @@ frmDepartments::frmDepartments(Session& session)
 
 frmDepartments::~frmDepartments() = default;
 
-/// Reads the list and makes a line of it the current one.
+/// Reads the list and highlights a line of it.
 void frmDepartments::LoadDepartmentList(int row) {
     ui->lstDepartment->SetLines(ListDepartments(m_session));
     ui->lstDepartment->SetCurrentRow(std::min(row, ui->lstDepartment->Count() - 1));
@@ -77,6 +77,7 @@ void frmDepartments::Save() {
     LoadDepartmentList(-1);
     const auto renamed = ui->lstDepartment->Lines().indexOf(RightTrimmed(name));
     ui->lstDepartment->SetCurrentRow(static_cast<int>(renamed));
+    ApplySelection();
 }
 
 void frmDepartments::Delete() {

@@ -14,7 +14,7 @@ frmEditHardware::frmEditHardware(Session& session)
     QFont bold = font();
     bold.setBold(true);
     ui->lblHardware->setFont(bold);
-    On(ui->cmbHardware, &QComboBox::currentTextChanged,
+    On(ui->cmbHardware, &QComboBox::editTextChanged,
        [this](const QString& text) { ShowDescription(text); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
     On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
@@ -26,19 +26,13 @@ frmEditHardware::~frmEditHardware() = default;
 /// Reads the list and selects a description of it; none when it is not there.
 void frmEditHardware::LoadHardwareList(const QString& shown) {
     const QStringList descriptions = ListHardwareTypes(m_session);
-    {
-        // Whatever stands in the list in between was not chosen.
-        const QSignalBlocker blocker(ui->cmbHardware);
-        ui->cmbHardware->clear();
-        ui->cmbHardware->addItems(descriptions);
-        ui->cmbHardware->setCurrentIndex(static_cast<int>(descriptions.indexOf(shown)));
-    }
-    ShowDescription(ui->cmbHardware->currentText());
+    const QString present = descriptions.contains(shown) ? shown : QString();
+    ui->cmbHardware->SetTexts(descriptions, present);
+    ShowDescription(present);
 }
 
 void frmEditHardware::ShowDescription(const QString& description) {
     ui->lblHardware->setText(description);
-    ui->lblHardware->setToolTip(description.toHtmlEscaped());
     ui->txtChangeTo->setText(description);
     // Doors without hardware have no description to replace.
     ui->cmdSave->setEnabled(!description.isEmpty());

@@ -3,6 +3,8 @@
 #include "ui_frmPermissions.h"
 #include "widgets/HelpContexts.h"
 
+#include <algorithm>
+
 namespace quorrel {
 
 frmPermissions::frmPermissions(Session& session)
@@ -14,8 +16,6 @@ frmPermissions::frmPermissions(Session& session)
     name->setMaxLength(kUserNameLength);
     // A user comes up when chosen from the list. A name that is typed is a name to be saved, even
     // when it is that of another user.
-    ui->cmbUser->setCompleter(nullptr);
-    disconnect(name, &QLineEdit::editingFinished, ui->cmbUser, nullptr);
     On(name, &QLineEdit::textEdited, [this](const QString& text) { m_name = text; });
     On(ui->cmbUser, &QComboBox::activated, [this](int entry) { ChooseUser(entry); });
     On(ui->ckAK, &QCheckBox::toggled, [this](bool checked) {
@@ -51,10 +51,14 @@ std::array<frmPermissions::Right, 7> frmPermissions::Rights() const {
 }
 
 void frmPermissions::FillUsers() {
-    ui->cmbUser->clear();
-    for (const ProgramUsersRow& account : ListProgramUsers(m_session))
-        ui->cmbUser->addItem(account.UserName, account.key);
-    ui->cmbUser->addItem(QLatin1String(kNewUserName));
+    m_listed.clear();
+    QStringList names;
+    for (const ProgramUsersRow& account : ListProgramUsers(m_session)) {
+        m_listed.push_back(account.key);
+        names.append(account.UserName);
+    }
+    names.append(QLatin1String(kNewUserName));
+    ui->cmbUser->SetTexts(names);
 }
 
 void frmPermissions::Show(const ProgramUser& user) {
@@ -85,7 +89,9 @@ void frmPermissions::ShowNewUser() {
 
 void frmPermissions::ShowAccount(const ProgramUsersRow& account) {
     m_opened = account;
-    ui->cmbUser->setCurrentIndex(ui->cmbUser->findData(account.key));
+    const auto listed = std::find(m_listed.begin(), m_listed.end(), account.key);
+    ui->cmbUser->setCurrentIndex(
+        listed == m_listed.end() ? -1 : static_cast<int>(listed - m_listed.begin()));
     ui->txtUserID->setText(QString::number(account.ProgramUserID));
     Show(ShownUser(account));
 }
@@ -121,10 +127,10 @@ void frmPermissions::ChooseUser(int entry) {
         ui->cmbUser->setEditText(typedName);
         return;
     }
-    const QVariant key = ui->cmbUser->itemData(entry);
-    if (key.isNull()) {
+    const auto listed = static_cast<std::size_t>(entry);
+    if (listed >= m_listed.size()) {
         ShowNewUser();
-    } else if (const auto account = FindProgramUser(m_session, key.toLongLong())) {
+    } else if (const auto account = FindProgramUser(m_session, m_listed[listed])) {
         ShowAccount(*account);
     } else {
         Tell(tr("%1 has been deleted at another workstation.").arg(ui->cmbUser->itemText(entry)));

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 class QCheckBox;
 
@@ -52,7 +53,8 @@ private:
     std::unique_ptr<Ui::frmPermissions> ui;
     std::optional<ProgramUsersRow> m_opened; ///< the account brought up; none for a new user
     ProgramUser m_shown;                     ///< as it was brought up, before anything was typed
-    QString m_name; ///< the name as typed, for when the list takes its place
+    std::vector<RowKey> m_listed; ///< the accounts of the list, which ends with a new user
+    QString m_name;               ///< the name as typed, for when the list takes its place
 };
 
 } // namespace quorrel

@@ -27,6 +27,7 @@
 #include "widgets/Form.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/HelpWindow.h"
+#include "widgets/Manners.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -35,6 +36,7 @@
 namespace quorrel {
 
 Program::Program(Session& session) : m_session(session), m_openers(FormsOfMain()) {
+    InstallManners();
     qApp->installEventFilter(this);
 }
 

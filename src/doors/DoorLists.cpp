@@ -97,10 +97,7 @@ QStringList SearchDoors(Session& session, const QString& text) {
 QStringList ListKeyableKeys(Session& session) {
     QStringList lines;
     WalkKeys(session, [&](const NamedKeyRow& key) {
-        const QString blanks(2, u' ');
-        QString description = key.Description;
-        description.replace(QStringLiteral("\r\n"), blanks).replace(u'\n', blanks);
-        lines.append(KeyColumn(key.Label) + description);
+        lines.append(KeyColumn(key.Label) + OneLine(key.Description));
     });
     return lines;
 }

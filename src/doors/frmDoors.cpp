@@ -64,6 +64,8 @@ void frmDoors::WatchRecord() {
 }
 
 void frmDoors::WatchLists() {
+    ui->lstKeyIDs->SetSearchBox(ui->txtSearchKey);
+    ui->lstAllDoors->SetSearchBox(ui->txtSearchDoor);
     On(ui->lstKeyIDs, &TextList::Clicked, [this] { LoadKeyedDoors(); });
     On(ui->cmdAssignTo, &QPushButton::clicked, [this] { Assign(); });
     On(ui->lstAllDoors, &TextList::DoubleClicked, [this] { Assign(); });
@@ -139,14 +141,7 @@ void frmDoors::ClearRecord() {
 
 /// Fills the list of keys. The key that was chosen stays so when it is among them.
 void frmDoors::SetKeyLines(const QStringList& lines) {
-    const QString chosen = ui->lstKeyIDs->CurrentText().left(kKeyColumn);
-    ui->lstKeyIDs->SetLines(lines);
-    for (qsizetype row = 0; row < lines.size() && !chosen.isEmpty(); ++row) {
-        if (lines[row].left(kKeyColumn) != chosen)
-            continue;
-        ui->lstKeyIDs->SetCurrentRow(static_cast<int>(row));
-        break;
-    }
+    ui->lstKeyIDs->Refill(lines, kKeyColumn);
     ShowKeyedDoors();
 }
 

@@ -51,6 +51,8 @@ struct SystemDefinition {
         return IsWithinLimits() && increment == 1 && maxPin - minPin > 4;
     }
 
+    bool operator==(const SystemDefinition&) const = default;
+
     /// Number of pages: the product over positions 1 to N-3 of the cuts other than the master's.
     int PageCount() const;
 };

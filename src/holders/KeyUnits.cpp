@@ -143,11 +143,8 @@ QStringList ListKeys(Session& session, const QString& begin) {
             if (key.Label.isEmpty() || key.Label[0] == u' ' ||
                 key.Label.left(begin.size()).toUpper() != wanted)
                 return true;
-            QString description = key.Description;
-            description.replace(QStringLiteral("\r\n"), QStringLiteral("  "));
-            for (const char16_t end : {u'\r', u'\n', u'\u2028', u'\u2029'})
-                description.replace(QString(QChar(end)), QStringLiteral("  "));
-            lines.append(Padded(key.Label, kKeyIDWidth) + QStringLiteral("-  ") + description);
+            lines.append(Padded(key.Label, kKeyIDWidth) + QStringLiteral("-  ") +
+                         OneLine(key.Description));
             return true;
         });
     return lines;

@@ -1,12 +1,9 @@
 #include "holders/frmKeyUsers.h"
 
-#include "access/CompanyInfo.h"
 #include "holders/Personnel.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
-#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
 #include "widgets/TextList.h"
 
@@ -15,26 +12,13 @@
 
 namespace quorrel {
 
-namespace {
-
-/// Fills a list anew; the line that was selected stays so where it is still there.
-void Refill(TextList& list, const QStringList& lines) {
-    const QString selected = list.CurrentText();
-    list.SetLines(lines);
-    if (!selected.isEmpty())
-        if (const auto row = lines.indexOf(selected); row >= 0)
-            list.SetCurrentRow(static_cast<int>(row));
-}
-
-} // namespace
-
 frmKeyUsers::frmKeyUsers(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmKeyUsers>()) {
     ui->setupUi(this);
     OfferHelp(help::kKeyUsers, ui->cmdHelp);
     ui->cmdPrintKeySignature->setEnabled(false);
     ui->cmdPrintKeySignature->setToolTip(tr("Receipts are not part of this version yet."));
-    LoadLogo();
+    ui->picQV->ShowLogo(m_session.Company.CompanyLogo);
     HideUserList();
     ApplyPermissions();
     WatchPeople();
@@ -52,14 +36,6 @@ frmKeyUsers::frmKeyUsers(Session& session)
 }
 
 frmKeyUsers::~frmKeyUsers() = default;
-
-void frmKeyUsers::LoadLogo() {
-    QPixmap logo;
-    if (IsLogo(m_session.Company.CompanyLogo))
-        logo.load(FindIgnoringCase(m_session.Company.CompanyLogo));
-    ui->picQV->setPixmap(FittedPicture(logo, ui->picQV->maximumSize(), devicePixelRatioF()));
-    ui->picQV->setVisible(!logo.isNull());
-}
 
 void frmKeyUsers::ApplyPermissions() {
     const bool may = m_session.SessionPermissions.AddEditKeyUsers;
@@ -81,6 +57,7 @@ void frmKeyUsers::WatchPeople() {
     On(ui->lstKeyHolders, &TextList::Clicked, [this] { LoadUser(); });
     On(ui->txtUserSearch, &QLineEdit::textChanged, [this] { LoadKeyHolders(); });
     On(ui->txtUserNumber, &QLineEdit::textChanged, [this] { HideUserList(); });
+    ui->lstKeyHolders->SetSearchBox(ui->txtUserSearch);
     for (QWidget* field :
          std::initializer_list<QWidget*>{ui->txtUserNumber, ui->txtFirstName, ui->txtLastName,
                                          ui->txtTitle, ui->cmbDepartment, ui->cmdAddUser})
@@ -92,6 +69,7 @@ void frmKeyUsers::WatchKeys() {
         HideUserList();
         LoadKeyIDs();
     });
+    ui->lstKeyIDs->SetSearchBox(ui->txtKeySearch);
     On(ui->lstKeyIDs, &TextList::Clicked, [this] { SelectKey(); });
     On(ui->lstUserList, &TextList::Clicked, [this] { ShowKeyOfUserList(); });
     On(ui->lstUnitID, &TextList::DoubleClicked, [this] {
@@ -152,14 +130,11 @@ bool frmKeyUsers::KeyPressed(QObject* watched, int key) {
 // The people.
 
 void frmKeyUsers::LoadKeyHolders() {
-    Refill(*ui->lstKeyHolders, ListHolders(m_session, m_column, ui->txtUserSearch->text()));
+    ui->lstKeyHolders->Refill(ListHolders(m_session, m_column, ui->txtUserSearch->text()));
 }
 
 void frmKeyUsers::LoadDepartments() {
-    const QString text = ui->cmbDepartment->currentText();
-    ui->cmbDepartment->clear();
-    ui->cmbDepartment->addItems(ListHolderDepartments(m_session));
-    ui->cmbDepartment->setCurrentText(text);
+    ui->cmbDepartment->Refill(ListHolderDepartments(m_session));
 }
 
 void frmKeyUsers::ShowHolder(const QString& number) {
@@ -290,7 +265,7 @@ QString frmKeyUsers::KeyInHand() const {
 }
 
 void frmKeyUsers::LoadKeyIDs() {
-    Refill(*ui->lstKeyIDs, ListKeys(m_session, ui->txtKeySearch->text()));
+    ui->lstKeyIDs->Refill(ListKeys(m_session, ui->txtKeySearch->text()));
 }
 
 void frmKeyUsers::SelectKey() {
@@ -304,13 +279,13 @@ void frmKeyUsers::SelectKey() {
 
 void frmKeyUsers::LoadUnitList() {
     const FreeUnits free = ListFreeUnits(m_session, KeyInHand());
-    Refill(*ui->lstUnitID, free.units);
+    ui->lstUnitID->Refill(free.units);
     ui->lblLastUnit->setText(tr("Last Issued ") + free.last);
 }
 
 void frmKeyUsers::LoadUnitHolders() {
     const HeldUnits held = ListHeldUnits(m_session, KeyInHand());
-    Refill(*ui->lstKeyUsers, held.lines);
+    ui->lstKeyUsers->Refill(held.lines);
     if (!held.repaired.isEmpty())
         m_session.boxes.Message(held.repaired, tr("Data Error"), BoxButtons::Ok, BoxIcon::Warning);
 }

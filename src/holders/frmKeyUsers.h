@@ -32,7 +32,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void LoadLogo();
     void ApplyPermissions();
     void WatchPeople();
     void WatchKeys();

@@ -53,13 +53,6 @@ bool Passes(const QString& text, const QString& filter) {
     return filter.isEmpty() || text.startsWith(filter, Qt::CaseInsensitive);
 }
 
-/// A line of a list is one line, whatever its parts hold.
-QString OneLine(QString text) {
-    for (const char16_t end : {u'\r', u'\n', u'\u2028', u'\u2029'})
-        text.replace(QChar(end), u' ');
-    return text;
-}
-
 /// A list of doors under way: of lines that are the same it takes the first.
 class DoorLines {
 public:

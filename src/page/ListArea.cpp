@@ -19,6 +19,11 @@ QStringList TextsOf(const std::vector<Line>& lines) {
     return texts;
 }
 
+/// What the highlighted line stands for.
+QString SubjectOf(const TextList& list, const std::vector<SubjectLine>& lines) {
+    return lines.at(static_cast<std::size_t>(list.CurrentRow())).subject;
+}
+
 } // namespace
 
 ListArea::ListArea(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::ListArea>()) {
@@ -32,17 +37,16 @@ ListArea::ListArea(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::L
                     [this] { emit UsersWanted(ui->txtSearchUser->text()); }}};
     for (const Pane& pane : m_panes)
         Watch(pane);
-    connect(ui->lstAllIDs, &ChoiceList::Chosen, this, [this](int row) {
-        const KeyLine key = m_keys.at(static_cast<std::size_t>(row));
+    connect(ui->lstAllIDs, &TextList::Clicked, this, [this] {
+        const KeyLine key = m_keys.at(static_cast<std::size_t>(ui->lstAllIDs->CurrentRow()));
         emit KeyChosen(key.page, key.cell);
     });
-    connect(ui->lstActiveDoors, &ChoiceList::Chosen, this, [this](int row) {
-        if (const QString label = m_doors.at(static_cast<std::size_t>(row)).subject;
-            !label.isEmpty())
+    connect(ui->lstActiveDoors, &TextList::Clicked, this, [this] {
+        if (const QString label = SubjectOf(*ui->lstActiveDoors, m_doors); !label.isEmpty())
             emit DoorChosen(label);
     });
-    connect(ui->lstKeyUsers, &ChoiceList::Chosen, this, [this](int row) {
-        if (const QString id = m_users.at(static_cast<std::size_t>(row)).subject; !id.isEmpty())
+    connect(ui->lstKeyUsers, &TextList::Clicked, this, [this] {
+        if (const QString id = SubjectOf(*ui->lstKeyUsers, m_users); !id.isEmpty())
             emit UserChosen(id);
     });
 }
@@ -64,8 +68,9 @@ void ListArea::AlignPanes() {
 
 void ListArea::Watch(const Pane& pane) {
     connect(pane.button, &QPushButton::clicked, this, pane.fill);
-    connect(pane.filter, &QLineEdit::returnPressed, this, pane.fill);
-    connect(pane.list, &ChoiceList::LinesWanted, this, pane.fill);
+    connect(pane.list, &TextList::LinesWanted, this, pane.fill);
+    pane.list->SetLeadsElsewhere();
+    pane.list->SetSearchBox(pane.filter, TextList::OnEnter::LinesWanted);
     pane.filter->installEventFilter(this);
 }
 
@@ -83,17 +88,17 @@ bool ListArea::eventFilter(QObject* watched, QEvent* event) {
 
 void ListArea::ShowKeys(std::vector<KeyLine> keys) {
     m_keys = std::move(keys);
-    ui->lstAllIDs->ShowLines(TextsOf(m_keys));
+    ui->lstAllIDs->SetLines(TextsOf(m_keys));
 }
 
 void ListArea::ShowDoors(std::vector<SubjectLine> doors) {
     m_doors = std::move(doors);
-    ui->lstActiveDoors->ShowLines(TextsOf(m_doors));
+    ui->lstActiveDoors->SetLines(TextsOf(m_doors));
 }
 
 void ListArea::ShowUsers(std::vector<SubjectLine> users) {
     m_users = std::move(users);
-    ui->lstKeyUsers->ShowLines(TextsOf(m_users));
+    ui->lstKeyUsers->SetLines(TextsOf(m_users));
 }
 
 void ListArea::ClearKey() {

@@ -17,7 +17,7 @@ class ListArea;
 
 namespace quorrel {
 
-class ChoiceList;
+class TextList;
 
 /// The lists beside the page: all Key IDs, and the doors and the holders of the selected key. Each
 /// has a box with the text that its lines are to begin with, and asks to be filled when its button
@@ -54,7 +54,7 @@ private:
     struct Pane {
         QLineEdit* filter;
         QPushButton* button;
-        ChoiceList* list;
+        TextList* list;
         std::function<void()> fill;
     };
 

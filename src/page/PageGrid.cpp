@@ -53,6 +53,15 @@ QSize PageGrid::sizeHint() const {
     return (PageFrameSize(m_layout) * kLeastScale).toSize();
 }
 
+void PageGrid::showEvent(QShowEvent*) {
+    // The form's own tab order has left the cells at its end, away from the grid.
+    QWidget* before = this;
+    for (KeyCell* cell : m_cells) {
+        setTabOrder(before, cell);
+        before = cell;
+    }
+}
+
 void PageGrid::resizeEvent(QResizeEvent*) {
     PlaceCells();
 }
@@ -102,6 +111,15 @@ void PageGrid::focusInEvent(QFocusEvent*) {
                                           [](const KeyCell* cell) { return cell->isEnabled(); });
     if (first != m_cells.end())
         (*first)->setFocus();
+}
+
+/// Whoever leaves a cell with the tab key leaves the grid.
+bool PageGrid::focusNextPrevChild(bool next) {
+    // The grid itself is no stop on the way back: it would hand the focus to the cell again.
+    setFocusPolicy(Qt::NoFocus);
+    const bool moved = QWidget::focusNextPrevChild(next);
+    setFocusPolicy(Qt::TabFocus);
+    return moved;
 }
 
 KeyCell* PageGrid::Neighbour(const KeyCell& from, int key) const {

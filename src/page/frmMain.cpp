@@ -1,21 +1,15 @@
 #include "page/frmMain.h"
 
-#include "access/CompanyInfo.h"
 #include "access/IdleWatch.h"
 #include "engine/CellStates.h"
 #include "page/KeyCell.h"
 #include "page/KeyLists.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
 #include "ui_frmMain.h"
-#include "widgets/FittedPicture.h"
 #include "widgets/HelpContexts.h"
-#include "widgets/KeyPainter.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QPixmap>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QToolTip>
@@ -51,7 +45,6 @@ frmMain::frmMain(Session& session)
     ui->splMain->setSizes({kPageWidth, width() - kPageWidth});
     resize(size().boundedTo(screen()->availableSize()));
     SetFonts();
-    BuildLegend();
     WatchMenu();
     WatchHelpMenu();
     WatchRecord();
@@ -404,7 +397,7 @@ void frmMain::Activated() {
     m_record.Forget();
     m_page.LoadPageView(); // Other windows and workstations may have changed its records.
     m_cellIconSize = 0;
-    LoadLogo();
+    ui->picQV->ShowLogo(m_session.Company.CompanyLogo);
     ui->lblSysid->setText(QString::number(m_session.ActiveSystemNumber));
     SelectCell(m_selectedCell, false);
     ShowPageNumber();
@@ -415,20 +408,9 @@ void frmMain::Activated() {
     ClickPicture1();
 }
 
-void frmMain::LoadLogo() {
-    QPixmap logo;
-    const QString& path = m_session.Company.CompanyLogo;
-    if (IsLogo(path))
-        logo.load(FindIgnoringCase(path));
-    ui->picQV->setPixmap(FittedPicture(logo, ui->picQV->maximumSize(), devicePixelRatioF()));
-    ui->picQV->setVisible(!logo.isNull());
-}
-
 void frmMain::LoadDepartmentList() {
-    const QString text = ui->cmbDepartment->currentText();
-    ui->cmbDepartment->clear();
-    ui->cmbDepartment->addItems(m_page.ListDepartments());
-    ui->cmbDepartment->setCurrentText(text.toUpper());
+    ui->cmbDepartment->SetTexts(m_page.ListDepartments(),
+                                ui->cmbDepartment->currentText().toUpper());
 }
 
 void frmMain::ApplyLevelCaptions() {
@@ -460,36 +442,6 @@ std::array<frmMain::LevelLabels, kLevels> frmMain::Levels() const {
              {ui->lblAreaMaster, ui->lblAreaMasterID, ui->lblAreaMasterDesc},
              {ui->lblLineMaster, ui->lblLineMasterID, ui->lblLineMasterDesc},
              {ui->lblColumnMaster, ui->lblColumnMasterID, ui->lblColumnMasterDesc}}};
-}
-
-void frmMain::BuildLegend() {
-    static constexpr const char* texts[5][2] = {
-        {"Unselected Key  No ID", "Unselected Key with ID"},
-        {"Selected Key  No ID", "Selected Key with ID"},
-        {"Active Sub Key  No ID", "Active Sub Key with ID "},
-        {"Active Pre-Master  No ID", "Active Pre-Master with ID"},
-        {"Active Sub-Master  No ID", "Active Sub-Master with ID"}};
-    auto* grid = new QGridLayout(ui->frmLegend);
-    grid->setVerticalSpacing(3);
-    const auto add = [&](int row, int column, const KeyLook& look, const char* text) {
-        auto* picture = new QLabel;
-        const double ratio = devicePixelRatioF();
-        QPixmap pixmap(QSize(32, 16) * ratio);
-        pixmap.setDevicePixelRatio(ratio);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        PaintKey(painter, QRectF(1, 0, 30, 16), look);
-        picture->setPixmap(pixmap);
-        grid->addWidget(picture, row, column);
-        grid->addWidget(new QLabel(tr(text)), row, column + 1);
-    };
-    for (int state = 0; state < 5; ++state)
-        for (int labelled = 0; labelled < 2; ++labelled)
-            add(state, 2 * labelled, LookOfState(state + labelled * cellstate::kLabelled),
-                texts[state][labelled]);
-    add(5, 0, LookOfState(cellstate::kNotRecommended), "Blue Line-Not Recomended");
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
 }
 
 /// Leaves the icon size of the other layout; the click on `Picture1` sets the final one.
@@ -661,7 +613,7 @@ void frmMain::PaintCells(const KeySelection& selection) {
         const PageCell& content = m_page.Cell(index);
         cell.ShowState(selection.states[static_cast<std::size_t>(index)]);
         cell.setEnabled(!content.IsBlank());
-        cell.setToolTip(content.toolTip.toHtmlEscaped());
+        cell.setToolTip(content.toolTip);
         cell.setAccessibleName(DescribeCell(m_page, index, cell.ShownState()));
     }
 }

@@ -68,7 +68,6 @@ private:
     void ShowSystem();
     void ShowSpecialCuts();
     void ApplyLevelCaptions();
-    void BuildLegend();
     void SetFonts();
     std::vector<FormEntry> FormEntries() const;
     void WatchMenu();
@@ -88,7 +87,6 @@ private:
     PinningRequest SelectedKey() const;
     void AddShortcuts();
     void LoadDepartmentList();
-    void LoadLogo();
     void SetCompactLayout();
     void SetLargeLayout();
     void ClickPicture1();

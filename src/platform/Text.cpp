@@ -82,6 +82,14 @@ QString RightTrimmed(const QString& text) {
     return text.left(end);
 }
 
+QString OneLine(QString text) {
+    const QString blanks(2, u' ');
+    text.replace(QLatin1String("\r\n"), blanks);
+    for (const char16_t end : {u'\r', u'\n', u'\u2028', u'\u2029'})
+        text.replace(QString(QChar(end)), blanks);
+    return text;
+}
+
 bool IsNoValue(const QString& text) {
     return text.isEmpty() || text.startsWith(QLatin1String("  "));
 }

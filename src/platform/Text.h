@@ -25,6 +25,9 @@ QString Padded(const QString& text, int width);
 /// Text without its right-hand blanks.
 QString RightTrimmed(const QString& text);
 
+/// Text on one line: each line end, whichever kind it is of, becomes two blanks.
+QString OneLine(QString text);
+
 /// A stored value that begins with two blanks, or is empty, counts as no value.
 bool IsNoValue(const QString& text);
 

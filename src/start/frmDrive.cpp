@@ -23,9 +23,12 @@ frmDrive::frmDrive(Session& session, const QString& folder)
             ui->Drive1->addItem(QDir::toNativeSeparators(drive.rootPath()));
     ui->Drive1->setCurrentText(QDir::toNativeSeparators(QStorageInfo(folder).rootPath()));
     GoTo(QDir(folder).exists() ? folder : QDir::homePath());
+    ui->lblFolder->SetElideMode(Qt::ElideMiddle); // Where a path begins and ends tells most.
+    ui->Dir1->setFont(font());                    // Names are in no columns.
     ui->Dir1->setFocus();
     On(ui->Drive1, &QComboBox::activated, [this] { GoTo(ui->Drive1->currentText()); });
-    On(ui->Dir1, &QListWidget::itemActivated, [this] { EnterSelected(); });
+    On(ui->Dir1, &TextList::DoubleClicked, [this] { EnterSelected(); });
+    On(ui->Dir1, &TextList::EnterPressed, [this] { EnterSelected(); });
     On(ui->cmdNew, &QPushButton::clicked, [this] { MakeFolder(); });
     On(ui->cmdOK, &QPushButton::clicked, [this] {
         emit FolderChosen(QDir::toNativeSeparators(m_folder));
@@ -38,16 +41,16 @@ frmDrive::~frmDrive() = default;
 void frmDrive::GoTo(const QString& folder) {
     m_folder = QDir::cleanPath(folder);
     ui->lblFolder->setText(QDir::toNativeSeparators(m_folder));
-    ui->Dir1->clear();
+    QStringList names =
+        QDir(m_folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
     if (!QDir(m_folder).isRoot())
-        ui->Dir1->addItem(kParent);
-    ui->Dir1->addItems(
-        QDir(m_folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase));
-    ui->Dir1->setCurrentRow(0);
+        names.prepend(kParent);
+    ui->Dir1->SetLines(names);
+    ui->Dir1->SetCurrentRow(0);
 }
 
 void frmDrive::EnterSelected() {
-    const QString name = ui->Dir1->currentItem()->text();
+    const QString name = ui->Dir1->CurrentText();
     QDir folder(m_folder);
     if (name == kParent ? folder.cdUp() : folder.cd(name))
         GoTo(folder.absolutePath());

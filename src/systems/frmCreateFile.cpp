@@ -9,7 +9,6 @@
 #include "widgets/HelpContexts.h"
 
 #include <QButtonGroup>
-#include <QFontDatabase>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -25,8 +24,6 @@ frmCreateFile::frmCreateFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmCreateFile>()) {
     ui->setupUi(this);
     ui->txtLockBrand->lineEdit()->setMaxLength(255);
-    // The lines are filled up with blanks to stand in columns.
-    ui->List1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     OfferHelp(help::kCreateSystem, ui->cmdHelp);
     ui->cmdCreate->setEnabled(session.SessionPermissions.CreateSystem);
     const SystemDefinition usual;
@@ -37,8 +34,10 @@ frmCreateFile::frmCreateFile(Session& session)
     ui->txtSafetyFactor->setText(QString::number(usual.safetyFactor));
     Guarded([this] { FillBrands(); });
     ShowType(0);
+    OfferFoot();
     WatchFields();
     ui->txtSystemName->setFocus();
+    m_asOpened = Describe();
 }
 
 frmCreateFile::~frmCreateFile() = default;
@@ -62,11 +61,13 @@ void frmCreateFile::WatchFields() {
          {ui->txtIncrement, ui->txtMasterKey, ui->txtMinimumPin, ui->txtMaximumPin,
           ui->txtNumberofPins, ui->txtSafetyFactor, ui->txtSystemAddress, ui->txtSystemName})
         field->installEventFilter(this);
-    ui->txtLockBrand->installEventFilter(this);
+    OnLeaving(ui->txtLockBrand, [this] { return CheckBrand(); });
     On(ui->txtMasterKey, &QLineEdit::textChanged, [this] { MasterChanged(); });
     On(ui->cmdRandomMaster, &QPushButton::clicked, [this] { DrawMaster(); });
     On(ui->cmdCreate, &QPushButton::clicked, [this] { Create(); });
-    On(ui->cmdCancel, &QPushButton::clicked, [this] { Leave(); });
+    // Whoever gives up does not want to be asked for the pin sizes of a brand.
+    ui->cmdCancel->setFocusPolicy(Qt::TabFocus);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { Leave(); });
 }
 
 bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
@@ -79,12 +80,6 @@ bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
             if (field->hasFocus())
                 field->selectAll();
         });
-    }
-    // A window that loses the focus, or a list that drops down, does not leave the field.
-    if (watched == ui->txtLockBrand && event->type() == QEvent::FocusOut) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            QTimer::singleShot(0, this, [this] { Guarded([this] { CheckBrand(); }); });
     }
     return Form::eventFilter(watched, event);
 }
@@ -108,16 +103,17 @@ void frmCreateFile::ShowType(int type) {
 }
 
 void frmCreateFile::FillBrands() {
-    const QString typed = ui->txtLockBrand->currentText();
-    ui->txtLockBrand->clear();
-    ui->txtLockBrand->addItems(ListLockBrands(m_session));
-    ui->txtLockBrand->setCurrentText(typed);
+    ui->txtLockBrand->Refill(ListLockBrands(m_session));
 }
 
-void frmCreateFile::CheckBrand() {
-    const QString brand = ui->txtLockBrand->currentText();
-    if (LearnLockBrand(m_session, brand))
-        emit PinSizesWanted(brand);
+/// False when the brand is new: its pin sizes come first, and then the command that was given.
+bool frmCreateFile::CheckBrand() {
+    const QString brand = RightTrimmed(ui->txtLockBrand->currentText());
+    if (!LearnLockBrand(m_session, brand))
+        return true;
+    Tell(tr("The lock brand %1 is new. Enter its pin sizes, then go on here.").arg(brand));
+    emit PinSizesWanted(brand);
+    return false;
 }
 
 SystemDefinition frmCreateFile::Definition() const {
@@ -135,7 +131,7 @@ NewSystem frmCreateFile::Describe() const {
     NewSystem system;
     system.name = ui->txtSystemName->text();
     system.address = ui->txtSystemAddress->text();
-    system.lockBrand = ui->txtLockBrand->currentText();
+    system.lockBrand = RightTrimmed(ui->txtLockBrand->currentText());
     system.notes = ui->txtNotes->text();
     system.definition = Definition();
     if (ui->opType_1->isChecked()) {
@@ -149,6 +145,10 @@ NewSystem frmCreateFile::Describe() const {
     return system;
 }
 
+QString frmCreateFile::Unsaved() const {
+    return Describe() == m_asOpened ? QString() : tr("The new key system");
+}
+
 void frmCreateFile::MasterChanged() {
     if (ui->txtMasterKey->text().size() == IntVal(ui->txtNumberofPins->text()))
         PreviewUsableKeys();
@@ -159,7 +159,7 @@ void frmCreateFile::MasterChanged() {
 void frmCreateFile::RefreshPreview() {
     const SystemDefinition definition = Definition();
     if (ui->txtMasterKey->text().size() != definition.pins) {
-        ui->List1->clear();
+        ui->List1->SetLines({});
         ui->lblTotalChanges->setText(tr("Total Usable Change Keys ="));
         ui->lblWithinSafety->setText(tr("Of these within the Safety Factor ="));
         return;
@@ -196,8 +196,7 @@ void frmCreateFile::ShowUsableKeys(const SystemDefinition& definition) {
     for (std::size_t page = 0; page < usable.perPage.size(); ++page)
         lines.append(
             QString::fromStdString(PreviewLine(static_cast<int>(page) + 1, usable.perPage[page])));
-    ui->List1->clear();
-    ui->List1->addItems(lines);
+    ui->List1->SetLines(lines);
     ui->lblTotalChanges->setText(tr("Total Usable Change Keys = %1").arg(usable.Total()));
     ui->lblWithinSafety->setText(
         tr("Of these within the Safety Factor = %1").arg(usable.withinSafetyFactor));

@@ -31,12 +31,14 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    QString Unsaved() const override;
+
 private:
     void WatchFields();
     void Clamp(QLineEdit* field, const NumberLimits& limits);
     void ShowType(int type);
     void FillBrands();
-    void CheckBrand();
+    bool CheckBrand();
     SystemDefinition Definition() const;
     NewSystem Describe() const;
     void MasterChanged();
@@ -49,6 +51,7 @@ private:
     QWidget* FieldOf(Refusal::Field field) const;
 
     std::unique_ptr<Ui::frmCreateFile> ui;
+    NewSystem m_asOpened;
 };
 
 } // namespace quorrel

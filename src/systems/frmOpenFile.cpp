@@ -16,7 +16,9 @@ frmOpenFile::frmOpenFile(Session& session)
     ui->cmdNew->setEnabled(mayCreate);
     ui->cmdDelete->setEnabled(mayCreate);
     On(ui->cmdOpen, &QPushButton::clicked, [this] { OpenSelected(); });
-    On(ui->lstSystemFiles, &QListWidget::itemDoubleClicked, [this] { OpenSelected(); });
+    ui->lstSystemFiles->setFont(font()); // Names are in no columns.
+    On(ui->lstSystemFiles, &TextList::DoubleClicked, [this] { OpenSelected(); });
+    On(ui->lstSystemFiles, &TextList::EnterPressed, [this] { OpenSelected(); });
     On(ui->cmdNew, &QPushButton::clicked, [this] { emit NewSystemWanted(); });
     On(ui->cmdDelete, &QPushButton::clicked, [this] { DeleteSelected(); });
     auto* deleteKey = new QShortcut(QKeySequence::Delete, ui->lstSystemFiles);
@@ -30,6 +32,8 @@ frmOpenFile::~frmOpenFile() = default;
 void frmOpenFile::Activated() {
     m_session.IdleTickCounter = 0;
     FillList();
+    if (ui->lstSystemFiles->CurrentRow() < 0)
+        ui->lstSystemFiles->SetCurrentRow(0);
     ui->lstSystemFiles->setFocus();
 }
 
@@ -41,35 +45,29 @@ void frmOpenFile::changeEvent(QEvent* event) {
 }
 
 void frmOpenFile::RefreshList() {
-    if (m_session.Keys().DataVersion() == m_dataVersion)
-        return;
-    const auto* selected = ui->lstSystemFiles->currentItem();
-    const QString name = selected ? selected->text() : QString();
-    FillList();
-    for (auto* item : ui->lstSystemFiles->findItems(name, Qt::MatchExactly).mid(0, 1))
-        ui->lstSystemFiles->setCurrentItem(item);
+    if (m_session.Keys().DataVersion() != m_dataVersion)
+        FillList();
 }
 
 void frmOpenFile::FillList() {
     m_dataVersion = m_session.Keys().DataVersion();
     m_systems = ListKeySystems(m_session);
-    ui->lstSystemFiles->clear();
+    QStringList names;
     for (const KeySystemRow& system : m_systems)
-        ui->lstSystemFiles->addItem(system.SystemName);
-    ui->lstSystemFiles->setCurrentRow(0);
+        names.append(system.SystemName);
+    ui->lstSystemFiles->Refill(names);
     if (m_systems.empty())
         emit NewSystemWanted();
 }
 
 void frmOpenFile::OpenSelected() {
-    const QListWidgetItem* item = ui->lstSystemFiles->currentItem();
-    if (!item)
+    const QString name = ui->lstSystemFiles->CurrentText();
+    if (name.isEmpty())
         return;
     const BusyPointer busy;
-    if (!OpenSelectedSystem(m_session, item->text())) {
-        m_session.boxes.Message(
-            tr("The key system \"%1\" is no longer in the file.").arg(item->text()),
-            m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
+    if (!OpenSelectedSystem(m_session, name)) {
+        m_session.boxes.Message(tr("The key system \"%1\" is no longer in the file.").arg(name),
+                                m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
         FillList();
         return;
     }
@@ -77,7 +75,7 @@ void frmOpenFile::OpenSelected() {
 }
 
 void frmOpenFile::DeleteSelected() {
-    const int row = ui->lstSystemFiles->currentRow();
+    const int row = ui->lstSystemFiles->CurrentRow();
     if (row < 0 || !m_session.SessionPermissions.CreateSystem)
         return;
     const KeySystemRow system = m_systems[static_cast<std::size_t>(row)];
@@ -91,6 +89,7 @@ void frmOpenFile::DeleteSelected() {
     const BusyPointer busy;
     DeleteKeySystem(m_session, system.SystemID);
     FillList();
+    ui->lstSystemFiles->SetCurrentRow(0);
 }
 
 } // namespace quorrel

@@ -1,6 +1,7 @@
 #include "widgets/Form.h"
 
 #include "store/Conflict.h"
+#include "widgets/ElidedLabel.h"
 #include "widgets/WindowPlace.h"
 
 #include <QBoxLayout>
@@ -106,10 +107,9 @@ void FormCore::OfferHelp(int context, QAbstractButton* button) {
 }
 
 void FormCore::OfferFoot() {
-    m_foot = new QLabel(&m_window);
+    m_foot = new ElidedLabel(&m_window);
     m_foot->setObjectName(QStringLiteral("lblFoot"));
     m_foot->setTextFormat(Qt::PlainText);
-    m_foot->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_foot->setAccessibleName(QStringLiteral("Last action"));
     if (auto* box = qobject_cast<QBoxLayout*>(m_window.layout()))
         box->addWidget(m_foot);

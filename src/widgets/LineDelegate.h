@@ -1,11 +1,16 @@
 #pragma once
 
+#include "platform/Text.h"
+
 #include <QStringListModel>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace quorrel {
+
+/// Characters of a line that are painted: more than a list has room for, fewer than take time.
+inline constexpr int kPaintedLength = 500;
 
 /// Shows the texts of a `QStringListModel`, each on one line whatever line breaks it has. Every
 /// line gets the room of the longest, which alone is measured.
@@ -14,11 +19,7 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant& value, const QLocale&) const override {
-        QString text = value.toString();
-        text.replace(QLatin1String("\r\n"), QLatin1String("  "));
-        for (const char16_t lineBreak : {u'\r', u'\n', u'\u2028', u'\u2029'})
-            text.replace(QChar(lineBreak), u' ');
-        return text;
+        return OneLine(value.toString().left(kPaintedLength));
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {

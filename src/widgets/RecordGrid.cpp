@@ -1,5 +1,7 @@
 #include "widgets/RecordGrid.h"
 
+#include "platform/Text.h"
+
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
@@ -19,7 +21,7 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant& value, const QLocale&) const override {
-        return value.toString().left(kShownLength).replace(u'\n', u' ').remove(u'\r');
+        return OneLine(value.toString().left(kShownLength));
     }
 
 protected:
@@ -62,6 +64,18 @@ void RecordGrid::keyPressEvent(QKeyEvent* event) {
         emit NewRecordWanted();
     else
         QTableView::keyPressEvent(event);
+}
+
+// As in a list, the other buttons choose nothing.
+
+void RecordGrid::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QTableView::mousePressEvent(event);
+}
+
+void RecordGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QTableView::mouseDoubleClickEvent(event);
 }
 
 } // namespace quorrel

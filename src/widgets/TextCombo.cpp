@@ -2,10 +2,10 @@
 
 #include "widgets/LineDelegate.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QSignalBlocker>
-#include <QWheelEvent>
 
 namespace quorrel {
 
@@ -25,16 +25,26 @@ TextCombo::TextCombo(QWidget* parent) : QComboBox(parent) {
     setModel(&m_texts);
 }
 
-void TextCombo::SetTexts(const QStringList& texts) {
+void TextCombo::SetTexts(const QStringList& texts, const QString& shown) {
     const QSignalBlocker blocker(this);
+    const QString before = currentText();
+    const int cursor = lineEdit()->cursorPosition();
+    const int selected = lineEdit()->selectionStart();
+    const auto length = static_cast<int>(lineEdit()->selectedText().size());
     m_texts.setStringList(texts);
-    setCurrentIndex(-1);
-    clearEditText();
+    setCurrentIndex(static_cast<int>(texts.indexOf(shown)));
+    setEditText(shown);
+    if (shown != before)
+        return;
+    lineEdit()->setCursorPosition(cursor);
+    if (length > 0)
+        lineEdit()->setSelection(selected, length);
 }
 
 /// What was typed is the current text when it is known: the list opens there, and the arrow keys
 /// go on from there.
 void TextCombo::FollowText() {
+    const QSignalBlocker blocker(this); // Nothing is chosen by it.
     if (const auto row = m_texts.stringList().indexOf(currentText()); row >= 0)
         setCurrentIndex(static_cast<int>(row));
 }
@@ -50,14 +60,6 @@ void TextCombo::keyPressEvent(QKeyEvent* event) {
         key == Qt::Key_PageDown)
         FollowText();
     QComboBox::keyPressEvent(event);
-}
-
-void TextCombo::wheelEvent(QWheelEvent* event) {
-    // Rolling on over a window must not change what stands in the box.
-    if (hasFocus())
-        QComboBox::wheelEvent(event);
-    else
-        event->ignore();
 }
 
 } // namespace quorrel

@@ -14,15 +14,19 @@ class TextCombo : public QComboBox {
 public:
     explicit TextCombo(QWidget* parent = nullptr);
 
-    /// Replaces the known texts and empties the box, without a signal.
-    void SetTexts(const QStringList& texts);
+    /// Replaces the known texts and shows a text, known or not, without a signal: what code fills
+    /// in is no edit.
+    void SetTexts(const QStringList& texts, const QString& shown = {});
+
+    /// Replaces the known texts and keeps what stands in the box, with the cursor where it was.
+    void Refill(const QStringList& texts) { SetTexts(texts, currentText()); }
+
     const QStringList Texts() const { return m_texts.stringList(); }
 
     void showPopup() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void FollowText();

@@ -3,7 +3,6 @@
 #include "platform/Text.h"
 #include "store/DatabaseFiles.h"
 #include "support/FormDriver.h"
-#include "widgets/ChoiceList.h"
 #include "widgets/TextCombo.h"
 #include "widgets/TextList.h"
 
@@ -160,6 +159,7 @@ TEST_F(FrmDoors, AssignsDoorsByButtonAndByDoubleClick) {
     ClickLine("lstKeyIDs", "K2");
     EXPECT_EQ(Lines("lstKeyedDoors"), QStringList());
     QTest::keyClick(Find<TextList>(form, "lstKeyIDs"), Qt::Key_Up);
+    QCoreApplication::processEvents();
     ClickLine("lstKeyedDoors", "B1");
     Click(form, "cmdRemoveFrom");
     EXPECT_EQ(site.KeysOfDoors(), QStringList({QString(7, ' '), QString(8, ' '), QString(7, ' ')}));
@@ -354,7 +354,7 @@ TEST(FrmDoorsInProgram, LeadsFromTheMainFormAndBack) {
     EXPECT_FALSE(run.IsLoaded("frmDoors"));
     ASSERT_EQ(run.Form("frmMain"), main);
     Click(main, "cmdListDoors");
-    auto* list = Find<ChoiceList>(main, "lstActiveDoors");
+    auto* list = Find<TextList>(main, "lstActiveDoors");
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualRect(list->model()->index(0, 0)).center());
     doors = run.Form("frmDoors");

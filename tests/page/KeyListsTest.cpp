@@ -162,7 +162,7 @@ TEST_F(KeyListsTest, AChangeKeyHasTheDoorsOfItsVeryKeyID) {
     AddDoor("Beyond", "ABCDEFGHIJKLM");
     EXPECT_EQ(Doors(6, "A1"), QStringList({"Gate 1", "gate 2", "Hall"}));
     EXPECT_EQ(FillDoorList(program.session, page, 6, "A1", {})[0].text,
-              "Gate 1     North side by the wall");
+              "Gate 1     North side  by the wall");
     EXPECT_EQ(Doors(6, "A1  ", "GATE"), QStringList({"Gate 1", "gate 2"}));
     EXPECT_EQ(Doors(6, "ABCDEFGHIJKL"), QStringList("Full"));
     for (const char* filter : {"x", "%", "Gate 1x", "'"})

@@ -6,7 +6,7 @@
 #include "store/HolderTables.h"
 #include "store/SystemTables.h"
 #include "support/FormDriver.h"
-#include "widgets/ChoiceList.h"
+#include "widgets/TextList.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -35,7 +35,7 @@ protected:
 
     void ClickCell(int cell) { Click(main, ("ChgKey_" + std::to_string(cell)).c_str()); }
 
-    ChoiceList* List(const char* name) { return Find<ChoiceList>(main, name); }
+    TextList* List(const char* name) { return Find<TextList>(main, name); }
 
     QStringList Lines(const char* name) {
         QStringList lines;
@@ -46,7 +46,7 @@ protected:
 
     /// Clicks where a line is, or will be.
     void ClickLine(const char* name, int row) {
-        ChoiceList* list = List(name);
+        TextList* list = List(name);
         const int height = list->fontMetrics().height();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           QPoint(20, row * (height + 1) + height / 2));
@@ -92,9 +92,9 @@ TEST_F(SideLists, AClickOnAKeyIDTurnsToItsPageAndSelectsIt) {
     Click(main, "cmdKeyList");
     EXPECT_EQ(Lines("lstAllIDs").at(1), "NEW") << "what was typed is saved";
 
-    ChoiceList* list = List("lstAllIDs");
+    TextList* list = List("lstAllIDs");
     list->setFocus();
-    list->setCurrentIndex(list->model()->index(0, 0));
+    list->SetCurrentRow(0);
     QTest::keyClick(list, Qt::Key_Down);
     EXPECT_EQ(Page(), "2") << "arrow keys only move";
     QTest::keyClick(list, Qt::Key_Return);

@@ -1,12 +1,12 @@
 #include "platform/Recordset.h"
 #include "store/DatabaseFiles.h"
 #include "support/FormDriver.h"
+#include "widgets/TextList.h"
 
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -69,10 +69,10 @@ TEST(FrmNetwork, FolderPickerMakesAFolderAndBringsItBack) {
     EXPECT_EQ(run.boxes.Last().title, "Create New Folder");
     const QString made = run.folder.filePath("Site maps");
     EXPECT_TRUE(QDir(made).exists());
-    auto* folders = Find<QListWidget>(drive, "Dir1");
+    auto* folders = Find<TextList>(drive, "Dir1");
     QTest::keyClick(folders, Qt::Key_Return);
     EXPECT_EQ(Find<QLabel>(drive, "lblFolder")->text(), run.folder.path()) << "up to the parent";
-    folders->setCurrentItem(folders->findItems("Site maps", Qt::MatchExactly).value(0));
+    folders->SetCurrentRow(static_cast<int>(folders->Lines().indexOf("Site maps")));
     QTest::keyClick(folders, Qt::Key_Return);
     Click(drive, "cmdOK");
     EXPECT_EQ(Find<QLineEdit>(run.Form("frmNetwork"), "txtMapPath")->text(), made);

@@ -2,11 +2,11 @@
 #include "store/SystemTables.h"
 #include "support/FormDriver.h"
 #include "support/Workstation.h"
+#include "widgets/TextList.h"
 
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -15,13 +15,6 @@ namespace {
 
 QString TextOf(QWidget* form, const char* name) {
     return Find<QLineEdit>(form, name)->text();
-}
-
-QStringList Lines(const QListWidget* list) {
-    QStringList lines;
-    for (int row = 0; row < list->count(); ++row)
-        lines.append(list->item(row)->text());
-    return lines;
 }
 
 /// The create form on a file without systems.
@@ -71,14 +64,14 @@ TEST_F(FrmCreateFile, PreviewFollowsTheMasterAndTheValues) {
     } cases[] = {{"395172", "0", "9", "2", 64, 4096},
                  {"31524", "1", "5", "1", 16, 1024},
                  {"2715", "0", "9", "2", 4, 256}};
-    const auto* list = Find<QListWidget>(form, "List1");
+    const auto* list = Find<TextList>(form, "List1");
     for (const auto& test : cases) {
         Type(form, "txtMasterKey", "");
         TypeValues(QString::number(QString(test.master).size()), test.lowest, test.highest,
                    test.increment);
         Type(form, "txtMasterKey", test.master);
-        EXPECT_EQ(list->count(), test.pages) << test.master;
-        EXPECT_EQ(list->item(0)->text(), "Page 1    = 64");
+        EXPECT_EQ(list->Count(), test.pages) << test.master;
+        EXPECT_EQ(list->Lines().value(0), "Page 1    = 64");
         EXPECT_EQ(Find<QLabel>(form, "lblTotalChanges")->text(),
                   QString("Total Usable Change Keys = %1").arg(test.total));
     }
@@ -92,7 +85,7 @@ TEST_F(FrmCreateFile, PreviewFollowsTheMasterAndTheValues) {
     EXPECT_EQ(Find<QLabel>(form, "lblTotalChanges")->text(), "Total Usable Change Keys = 256");
     EXPECT_EQ(within->text(), "Of these within the Safety Factor = 22");
     Type(form, "txtNumberofPins", "5");
-    EXPECT_EQ(list->count(), 0) << "a master of four cuts says nothing about five pins";
+    EXPECT_EQ(list->Count(), 0) << "a master of four cuts says nothing about five pins";
     EXPECT_EQ(within->text(), "Of these within the Safety Factor =");
 }
 
@@ -100,14 +93,14 @@ TEST_F(FrmCreateFile, TooWideARangeForIncrementOneLeavesTheListAsItIs) {
     TypeValues("4", "0", "9", "2");
     Type(form, "txtMasterKey", "2715");
     TypeValues("4", "4", "9", "1");
-    const QStringList before = Lines(Find<QListWidget>(form, "List1"));
+    const QStringList before = Find<TextList>(form, "List1")->Lines();
     EXPECT_FALSE(before.isEmpty());
     run.boxes.Expect("Quorrel is limited to a pin variance of 5 when creating a Single Increment "
                      "System");
     Type(form, "txtMasterKey", "4567");
     EXPECT_EQ(run.boxes.Last().title, "Pin Variance Error");
     EXPECT_TRUE(Find<QLineEdit>(form, "txtMinimumPin")->hasFocus());
-    EXPECT_EQ(Lines(Find<QListWidget>(form, "List1")), before);
+    EXPECT_EQ(Find<TextList>(form, "List1")->Lines(), before);
 }
 
 TEST_F(FrmCreateFile, TypeShowsItsOwnField) {
@@ -125,7 +118,7 @@ TEST_F(FrmCreateFile, RandomMasterPreviewsItself) {
     for (int draw = 0; draw < 20; ++draw) {
         Click(form, "cmdRandomMaster");
         EXPECT_TRUE(IsDigits(TextOf(form, "txtMasterKey").toStdString(), 6));
-        EXPECT_GT(Find<QListWidget>(form, "List1")->count(), 0);
+        EXPECT_GT(Find<TextList>(form, "List1")->Count(), 0);
     }
     TypeValues("4", "0", "9", "2");
     Type(form, "txtSafetyFactor", "2");
@@ -197,18 +190,18 @@ protected:
         CreateKeySystem(run.session, StandardSystem("Quay", "395172"));
         run.StartAndLogOn();
         open = run.Form("frmOpenFile");
-        list = Find<QListWidget>(open, "lstSystemFiles");
+        list = Find<TextList>(open, "lstSystemFiles");
     }
 
     RunningProgram run;
     QWidget* open = nullptr;
-    QListWidget* list = nullptr;
+    TextList* list = nullptr;
 };
 
 TEST_F(FrmOpenFile, OpensListsAndGoesToANewSystem) {
-    EXPECT_EQ(Lines(list), QStringList({"Pier", "Quay"}));
-    EXPECT_EQ(list->currentRow(), 0);
-    list->setCurrentRow(1);
+    EXPECT_EQ(list->Lines(), QStringList({"Pier", "Quay"}));
+    EXPECT_EQ(list->CurrentRow(), 0);
+    list->SetCurrentRow(1);
     QTest::keyClick(list, Qt::Key_Return);
     QWidget* main = run.Form("frmMain");
     EXPECT_EQ(Find<QLabel>(main, "lblSystem")->text(), "Quay");
@@ -225,29 +218,29 @@ TEST_F(FrmOpenFile, OpensListsAndGoesToANewSystem) {
 }
 
 TEST_F(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
-    list->setCurrentRow(1);
+    list->SetCurrentRow(1);
     QWidget elsewhere;
     elsewhere.show();
     elsewhere.activateWindow();
     EXPECT_EQ(Workstation(run.folder.path(), {"create", "Basin", "2715"}).Finish(), 0);
     open->activateWindow();
     QCoreApplication::processEvents();
-    EXPECT_EQ(Lines(list), QStringList({"Pier", "Quay", "Basin"}));
-    EXPECT_EQ(list->currentRow(), 1) << "the selection stays";
+    EXPECT_EQ(list->Lines(), QStringList({"Pier", "Quay", "Basin"}));
+    EXPECT_EQ(list->CurrentRow(), 1) << "the selection stays";
 }
 
 TEST_F(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
-    list->setCurrentRow(1);
+    list->SetCurrentRow(1);
     run.boxes.Expect("\"Quay\"", BoxAnswer::No);
     Click(open, "cmdDelete");
     EXPECT_TRUE(run.boxes.Last().text.contains("6,741 keys"))
         << run.boxes.Last().text.toStdString();
-    EXPECT_EQ(list->count(), 2);
+    EXPECT_EQ(list->Count(), 2);
 
-    list->setCurrentRow(1);
+    list->SetCurrentRow(1);
     run.boxes.Expect("\"Quay\"", BoxAnswer::Yes);
     Click(open, "cmdDelete");
-    EXPECT_EQ(Lines(list), QStringList({"Pier"}));
+    EXPECT_EQ(list->Lines(), QStringList({"Pier"}));
     run.boxes.Expect("\"Pier\"", BoxAnswer::Yes);
     Click(open, "cmdDelete");
     EXPECT_TRUE(run.Form("frmCreateFile")) << "no system is left to choose";
@@ -263,7 +256,7 @@ TEST(FrmOpenFileRights, WithoutTheRightNothingButOpeningIsPossible) {
     QWidget* open = run.Form("frmOpenFile");
     EXPECT_FALSE(Find<QPushButton>(open, "cmdNew")->isEnabled());
     EXPECT_FALSE(Find<QPushButton>(open, "cmdDelete")->isEnabled());
-    QTest::keyClick(Find<QListWidget>(open, "lstSystemFiles"), Qt::Key_Delete);
+    QTest::keyClick(Find<TextList>(open, "lstSystemFiles"), Qt::Key_Delete);
     Click(open, "cmdOpen");
     EXPECT_TRUE(run.Form("frmMain"));
 }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QLabel>
+
+namespace quorrel {
+
+/// Shows the company's logo as large as the label may become, in all the pixels that the screen
+/// has. Without a logo it gives up its room, unless the form has set it a least height.
+class LogoLabel : public QLabel {
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+
+    /// Loads the logo of a path; none when there is no picture at it.
+    void ShowLogo(const QString& path);
+};
+
+} // namespace quorrel
