@@ -6,6 +6,7 @@
 #include "ui_frmPinningChart.h"
 #include "widgets/HelpContexts.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTimer>
@@ -30,6 +31,7 @@ frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
     setObjectName(core ? QStringLiteral("frmPinningChartIC") : QStringLiteral("frmPinningChart"));
     ui->setupUi(this);
     OfferHelp(help::kPinningChart, ui->cmdHelp);
+    OfferFoot();
     WatchButtons();
     ui->frmTall->setVisible(core);
     ui->lblWarnings->hide();
@@ -76,13 +78,9 @@ void frmPinningChart::ShowChart(const PinningChart& chart) {
 
 void frmPinningChart::ShowKey() {
     const PinningRequest& key = m_chart.request;
-    // As long as they may be, they do not make the window wider.
-    for (const auto& [label, text] :
-         {std::pair(ui->lblSystem, key.system), std::pair(ui->lblAddress, key.address),
-          std::pair(ui->lblDepartment, key.department)}) {
-        label->setText(text);
-        label->setToolTip(text);
-    }
+    ui->lblSystem->setText(key.system);
+    ui->lblAddress->setText(key.address);
+    ui->lblDepartment->setText(key.department);
     ui->lblDescription->setText(key.description);
     ui->lblCuts->setText(QString::fromStdString(key.key));
     ui->lblKeyID->setText(key.keyID);
@@ -164,6 +162,7 @@ void frmPinningChart::OfferOtherKeys() {
 void frmPinningChart::GoTo(Step step) {
     if (const auto request = FindNamedKey(m_session, m_chart.request, step)) {
         ShowChart(MakePinningChart(m_session, *request));
+        Tell({});
         WarnOfControlKey();
     } else {
         OfferOtherKeys();
@@ -188,6 +187,7 @@ void frmPinningChart::Print() {
         return;
     const BusyPointer busy;
     PrintChartToFile(path, m_chart, m_session.ProgramTitle, m_session.clock().date());
+    Tell(tr("The chart is in the file %1").arg(QDir::toNativeSeparators(path)));
 }
 
 } // namespace quorrel
