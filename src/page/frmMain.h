@@ -90,6 +90,7 @@ private:
     void SetCompactLayout();
     void SetLargeLayout();
     void ClickPicture1();
+    void ToggleLegend();
     void TurnPage(int page);
     void StayOnPage();
     void ShowPageNumber();
