@@ -23,6 +23,8 @@ public:
     /// `subject` as in "Door A-101". `unsaved` are the texts that were typed and cannot be kept.
     static ChangedElsewhere Changed(const QString& subject, const QStringList& unsaved = {});
     static ChangedElsewhere Deleted(const QString& subject);
+    /// What was to be new here is there by now.
+    static ChangedElsewhere Added(const QString& subject, const QStringList& unsaved);
 };
 
 /// The open key system is not in the file any more.
