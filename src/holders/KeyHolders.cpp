@@ -69,10 +69,14 @@ QString StoredDepartment(const QString& typed) {
 /// Writes what was typed over the holder who was brought up. Within the caller's transaction.
 KeyUsersRow Change(Session& session, const KeyUsersRow& shown, KeyUsersRow typed,
                    const KeyUsersRow& stored) {
+    const QString subject = SubjectOf(shown.UserIDNumber);
+    // Nobody becomes another person: the key of a deleted row may be given again.
+    if (NameOf(stored) != NameOf(shown) && NameOf(stored) != NameOf(typed))
+        throw ChangedElsewhere::Changed(subject);
     typed.UserID = shown.UserID;
     if (typed.Department != shown.Department)
         typed.Department = StoredDepartment(typed.Department);
-    KeyUsersRow changed = MergedChanges(shown, typed, stored, SubjectOf(shown.UserIDNumber));
+    KeyUsersRow changed = MergedChanges(shown, typed, stored, subject);
     changed.Department = StoredDepartment(changed.Department);
     Recordset<KeyUsersRow>::Update(session.Keys(), changed);
     return changed;

@@ -66,7 +66,7 @@ struct SavedHolder {
 /// one was found in this session.
 ///
 /// Throws `ChangedElsewhere` when another workstation has deleted the one brought up, or given him
-/// another number, or changed what was changed here.
+/// another number or name, or changed what was changed here.
 SavedHolder SaveHolder(Session& session, const KeyUsersRow& shown, KeyUsersRow typed);
 
 /// What became of a holder that was to be deleted.
