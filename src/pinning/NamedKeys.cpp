@@ -14,11 +14,11 @@ namespace {
 /// What tells where a named key stands among the others.
 struct KeyPlace {
     using Self = KeyPlace;
-    using Whole = PatternsRow;
     RowKey key = 0;
     double Serial = 0;
     QString Label;
 
+    using Whole = PatternsRow;
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(Serial), QUORREL_COLUMN(Label)};
     }
@@ -30,14 +30,14 @@ Query<PatternsRow> KeysOfSystem(const Session& session) {
 }
 
 /// Where a key stands in the order of the system's keys; nothing when it is there no longer.
-std::optional<qint64> SerialOf(Session& session, const std::string& key) {
+std::optional<double> SerialOf(Session& session, const std::string& key) {
     const QString cuts = QString::fromStdString(key);
+    const QStringList stored = {Scrambled(cuts + u' '), Scrambled(cuts + u'*')};
     const auto place =
-        Recordset<KeyPlace>(session.Keys(), KeysOfSystem(session).WhereAny(
-                                                &PatternsRow::Cuts,
-                                                {Scrambled(cuts + u' '), Scrambled(cuts + u'*')}))
+        Recordset<KeyPlace>(session.Keys(),
+                            KeysOfSystem(session).WhereAny(&PatternsRow::Cuts, stored))
             .First();
-    return place ? std::optional(static_cast<qint64>(place->Serial)) : std::nullopt;
+    return place ? std::optional(place->Serial) : std::nullopt;
 }
 
 } // namespace
@@ -49,11 +49,9 @@ std::optional<PinningRequest> FindNamedKey(Session& session, const PinningReques
         return std::nullopt;
     auto query = KeysOfSystem(session).WhereNot(&PatternsRow::Label, kUnnamed);
     if (step == Step::Next)
-        query.WhereAtLeast(&PatternsRow::Serial, static_cast<double>(*serial + 1))
-            .OrderBy(&PatternsRow::Serial);
+        query.WhereAtLeast(&PatternsRow::Serial, *serial + 1).OrderBy(&PatternsRow::Serial);
     else
-        query.WhereBelow(&PatternsRow::Serial, static_cast<double>(*serial))
-            .OrderBy(&PatternsRow::Serial, true);
+        query.WhereBelow(&PatternsRow::Serial, *serial).OrderBy(&PatternsRow::Serial, true);
     std::optional<RowKey> found;
     Recordset<KeyPlace>(session.Keys(), query).Walk([&](const KeyPlace& place) {
         if (!place.Label.isEmpty() && place.Label[0] != u' ')

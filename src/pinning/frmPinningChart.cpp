@@ -6,6 +6,7 @@
 #include "ui_frmPinningChart.h"
 #include "widgets/HelpContexts.h"
 
+#include <QDir>
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QTimer>
@@ -30,6 +31,7 @@ frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
     setObjectName(core ? QStringLiteral("frmPinningChartIC") : QStringLiteral("frmPinningChart"));
     ui->setupUi(this);
     OfferHelp(help::kPinningChart, ui->cmdHelp);
+    OfferFoot();
     WatchButtons();
     ui->frmTall->setVisible(core);
     ui->lblWarnings->hide();
@@ -160,6 +162,7 @@ void frmPinningChart::OfferOtherKeys() {
 void frmPinningChart::GoTo(Step step) {
     if (const auto request = FindNamedKey(m_session, m_chart.request, step)) {
         ShowChart(MakePinningChart(m_session, *request));
+        Tell({});
         WarnOfControlKey();
     } else {
         OfferOtherKeys();
@@ -184,6 +187,7 @@ void frmPinningChart::Print() {
         return;
     const BusyPointer busy;
     PrintChartToFile(path, m_chart, m_session.ProgramTitle, m_session.clock().date());
+    Tell(tr("The chart is in the file %1").arg(QDir::toNativeSeparators(path)));
 }
 
 } // namespace quorrel

@@ -140,10 +140,10 @@ TEST(FrmPinningChart, StaysEmptyForWhoMayNotReadCuts) {
 /// Gives the first change keys of the open file their Key IDs.
 void NameFirstKeys(Session& session, const QStringList& keyIDs) {
     for (int cell = 0; cell < keyIDs.size(); ++cell) {
-        auto row = *Recordset<PatternsRow>(session.Keys(), Query<PatternsRow>()
-                                                               .Where(&PatternsRow::PageNumber, 1)
-                                                               .Where(&PatternsRow::Position, cell))
-                        .First();
+        const auto atCell = Query<PatternsRow>()
+                                .Where(&PatternsRow::PageNumber, 1)
+                                .Where(&PatternsRow::Position, cell);
+        auto row = *Recordset<PatternsRow>(session.Keys(), atCell).First();
         row.Label = keyIDs[cell];
         row.Description = QStringLiteral("Door of ") + keyIDs[cell];
         Recordset<PatternsRow>::Update(session.Keys(), row);
