@@ -68,11 +68,9 @@ Row MergedChanges(const Row& shown, const Row& typed, const Row& stored, const Q
         const auto& mine = typed.*column.member;
         if (mine == shown.*column.member)
             return;
-        if (stored.*column.member != shown.*column.member && stored.*column.member != mine) {
-            conflict = true;
-            if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
-                unsaved.append(mine);
-        }
+        conflict |= stored.*column.member != shown.*column.member && stored.*column.member != mine;
+        if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
+            unsaved.append(mine);
         merged.*column.member = mine;
     };
     std::apply([&](const auto&... column) { (merge(column), ...); }, Row::Columns());
