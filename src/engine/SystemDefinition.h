@@ -37,6 +37,8 @@ struct SystemDefinition {
     /// Increment 1 with more than five cuts to choose from is not supported.
     bool ExceedsPinVariance() const { return increment == 1 && maxPin - minPin > 4; }
 
+    bool operator==(const SystemDefinition&) const = default;
+
     /// Number of pages: the product over positions 1 to N-3 of the cuts other than the master's.
     int PageCount() const;
 };

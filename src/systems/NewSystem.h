@@ -15,6 +15,8 @@ struct NewSystem {
     SystemDefinition definition;
     SystemType type = SystemType::Standard;
     QString special; ///< The angles or the control key, N digits, unless the type is Standard.
+
+    bool operator==(const NewSystem&) const = default;
 };
 
 /// Why a system cannot be created.

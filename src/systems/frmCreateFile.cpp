@@ -34,8 +34,10 @@ frmCreateFile::frmCreateFile(Session& session)
     ui->txtSafetyFactor->setText(QString::number(usual.safetyFactor));
     Guarded([this] { FillBrands(); });
     ShowType(0);
+    OfferFoot();
     WatchFields();
     ui->txtSystemName->setFocus();
+    m_asOpened = Describe();
 }
 
 frmCreateFile::~frmCreateFile() = default;
@@ -57,11 +59,13 @@ void frmCreateFile::WatchFields() {
          {ui->txtIncrement, ui->txtMasterKey, ui->txtMinimumPin, ui->txtMaximumPin,
           ui->txtNumberofPins, ui->txtSafetyFactor, ui->txtSystemAddress, ui->txtSystemName})
         field->installEventFilter(this);
-    ui->txtLockBrand->installEventFilter(this);
+    OnLeaving(ui->txtLockBrand, [this] { return CheckBrand(); });
     On(ui->txtMasterKey, &QLineEdit::textChanged, [this] { MasterChanged(); });
     On(ui->cmdRandomMaster, &QPushButton::clicked, [this] { DrawMaster(); });
     On(ui->cmdCreate, &QPushButton::clicked, [this] { Create(); });
-    On(ui->cmdCancel, &QPushButton::clicked, [this] { Leave(); });
+    // Whoever gives up does not want to be asked for the pin sizes of a brand.
+    ui->cmdCancel->setFocusPolicy(Qt::TabFocus);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { Leave(); });
 }
 
 bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
@@ -74,12 +78,6 @@ bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
             if (field->hasFocus())
                 field->selectAll();
         });
-    }
-    // A window that loses the focus, or a list that drops down, does not leave the field.
-    if (watched == ui->txtLockBrand && event->type() == QEvent::FocusOut) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            QTimer::singleShot(0, this, [this] { Guarded([this] { CheckBrand(); }); });
     }
     return Form::eventFilter(watched, event);
 }
@@ -105,10 +103,14 @@ void frmCreateFile::FillBrands() {
     ui->txtLockBrand->Refill(ListLockBrands(m_session));
 }
 
-void frmCreateFile::CheckBrand() {
-    const QString brand = ui->txtLockBrand->currentText();
-    if (LearnLockBrand(m_session, brand))
-        emit PinSizesWanted(brand);
+/// False when the brand is new: its pin sizes come first, and then the command that was given.
+bool frmCreateFile::CheckBrand() {
+    const QString brand = RightTrimmed(ui->txtLockBrand->currentText());
+    if (!LearnLockBrand(m_session, brand))
+        return true;
+    Tell(tr("The lock brand %1 is new. Enter its pin sizes, then go on here.").arg(brand));
+    emit PinSizesWanted(brand);
+    return false;
 }
 
 SystemDefinition frmCreateFile::Definition() const {
@@ -126,7 +128,7 @@ NewSystem frmCreateFile::Describe() const {
     NewSystem system;
     system.name = ui->txtSystemName->text();
     system.address = ui->txtSystemAddress->text();
-    system.lockBrand = ui->txtLockBrand->currentText();
+    system.lockBrand = RightTrimmed(ui->txtLockBrand->currentText());
     system.notes = ui->txtNotes->text();
     system.definition = Definition();
     if (ui->opType_1->isChecked()) {
@@ -138,6 +140,10 @@ NewSystem frmCreateFile::Describe() const {
         system.special = ui->txtControlKey->text();
     }
     return system;
+}
+
+QString frmCreateFile::Unsaved() const {
+    return Describe() == m_asOpened ? QString() : tr("The new key system");
 }
 
 void frmCreateFile::MasterChanged() {

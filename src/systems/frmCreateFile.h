@@ -31,6 +31,8 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    QString Unsaved() const override;
+
 private:
     /// Limits of a numeric field: above `highest` it becomes that; below `lowest` it becomes
     /// `replacement`.
@@ -43,7 +45,7 @@ private:
     void Clamp(const Limits& limits);
     void ShowType(int type);
     void FillBrands();
-    void CheckBrand();
+    bool CheckBrand();
     SystemDefinition Definition() const;
     NewSystem Describe() const;
     void MasterChanged();
@@ -56,6 +58,7 @@ private:
     QWidget* FieldOf(Refusal::Field field) const;
 
     std::unique_ptr<Ui::frmCreateFile> ui;
+    NewSystem m_asOpened;
 };
 
 } // namespace quorrel
