@@ -71,8 +71,9 @@ void frmDoors::WatchLists() {
     On(ui->lstAllDoors, &TextList::DoubleClicked, [this] { Assign(); });
     On(ui->cmdRemoveFrom, &QPushButton::clicked, [this] { Remove(); });
     On(ui->lstKeyedDoors, &TextList::DoubleClicked, [this] { Remove(); });
-    On(ui->txtSearchDoor, &QLineEdit::textChanged,
-       [this](const QString& text) { ui->lstAllDoors->SetLines(SearchDoors(m_session, text)); });
+    On(ui->txtSearchDoor, &QLineEdit::textChanged, [this](const QString& text) {
+        ui->lstAllDoors->Refill(SearchDoors(m_session, text), kDoorColumn);
+    });
     On(ui->txtSearchKey, &QLineEdit::textChanged,
        [this](const QString& text) { SetKeyLines(SearchKeyableKeys(m_session, text)); });
 }
@@ -118,7 +119,7 @@ void frmDoors::LoadDoorLists() {
     SetKeyLines(ListKeyableKeys(m_session));
     const DoorList doors = ListDoors(m_session);
     ui->cmbDoorLabel->SetTexts(doors.labels);
-    ui->lstAllDoors->SetLines(doors.lines);
+    ui->lstAllDoors->Refill(doors.lines, kDoorColumn);
     ui->cmbHardware->SetTexts(ListHardwareTypes(m_session));
     ClearRecord();
 }
@@ -146,7 +147,7 @@ void frmDoors::SetKeyLines(const QStringList& lines) {
 }
 
 void frmDoors::ShowKeyedDoors() {
-    ui->lstKeyedDoors->SetLines(ListKeyedDoors(m_session, ui->lstKeyIDs->CurrentText()));
+    ui->lstKeyedDoors->Refill(ListKeyedDoors(m_session, ui->lstKeyIDs->CurrentText()));
 }
 
 void frmDoors::LoadKeyedDoors() {

@@ -1,7 +1,6 @@
 #include "page/frmMain.h"
 
 #include "access/IdleWatch.h"
-#include "engine/CellStates.h"
 #include "page/KeyCell.h"
 #include "page/KeyLists.h"
 #include "platform/Text.h"
@@ -60,8 +59,7 @@ frmMain::frmMain(Session& session)
     ui->scrlPage->setTracking(false);
     On(ui->Picture1_0, &QToolButton::clicked, [this] { ClickPicture1(); });
     On(ui->Picture1_1, &QToolButton::clicked, [this] { ClickPicture1(); });
-    On(ui->cmdLegend, &QPushButton::clicked,
-       [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
+    On(ui->cmdLegend, &QPushButton::clicked, [this] { ToggleLegend(); });
     On(ui->cmdPinning, &QPushButton::clicked, [this] { ShowPinning(); });
     On(ui->cmdHelp, &QPushButton::clicked, [this] { emit Events().HelpWanted(help::kMainPage); });
     connect(ui->cmdExit, &QPushButton::clicked, ui->mnuFileExit, &QAction::trigger);
@@ -489,6 +487,14 @@ std::array<frmMain::LevelLabels, kLevels> frmMain::Levels() const {
              {ui->lblAreaMaster, ui->lblAreaMasterID, ui->lblAreaMasterDesc},
              {ui->lblLineMaster, ui->lblLineMasterID, ui->lblLineMasterDesc},
              {ui->lblColumnMaster, ui->lblColumnMasterID, ui->lblColumnMasterDesc}}};
+}
+
+/// Shows the legend under the masters, both of which scroll where there is no room for them.
+void frmMain::ToggleLegend() {
+    ui->frmLegend->setVisible(!ui->frmLegend->isVisible());
+    ui->layLevels->activate();
+    if (ui->frmLegend->isVisible())
+        QTimer::singleShot(0, this, [this] { ui->scrLevels->ensureWidgetVisible(ui->frmLegend); });
 }
 
 /// Leaves the icon size of the other layout; the click on `Picture1` sets the final one.

@@ -100,6 +100,7 @@ private:
     void SetLargeLayout();
     void ClickPicture1();
     void ShowPage(int page);
+    void ToggleLegend();
     void TurnPage(int page);
     void StayOnPage();
     void ShowPageNumber();

@@ -24,21 +24,18 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 
-QSize ElidedLabel::SizeFor(int characters) const {
-    const QFontMetrics metrics = fontMetrics();
-    const int whole = metrics.horizontalAdvance(OneLine(text().left(kPaintedLength)));
-    const int most = characters * metrics.averageCharWidth();
-    // Measured to the next pixel, and elided to less than one.
-    return QSize(std::min(whole + 1, most), metrics.height()) +
-           QSize(2, 2) * (margin() + frameWidth());
+QSize ElidedLabel::SizeFor(int width) const {
+    return QSize(width, fontMetrics().height()) + QSize(2, 2) * (margin() + frameWidth());
 }
 
 QSize ElidedLabel::sizeHint() const {
-    return SizeFor(kWantedLength);
+    // Measured to the next pixel, and elided to less than one.
+    const int whole = fontMetrics().horizontalAdvance(OneLine(text().left(kPaintedLength))) + 1;
+    return SizeFor(std::min(whole, kWantedLength * fontMetrics().averageCharWidth()));
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-    return SizeFor(kLeastLength);
+    return SizeFor(kLeastLength * fontMetrics().averageCharWidth());
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* event) {

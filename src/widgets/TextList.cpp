@@ -7,7 +7,9 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <algorithm>
@@ -30,6 +32,9 @@ TextList::TextList(QWidget* parent) : QListView(parent) {
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new LineDelegate(this));
     setModel(&m_lines);
+    for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        // What is scrolled takes the frame of the focus along.
+        connect(bar, &QScrollBar::valueChanged, viewport(), qOverload<>(&QWidget::update));
     connect(
         &m_lines, &LineModel::modelReset, this, [this] { m_justFilled = false; },
         Qt::QueuedConnection);
@@ -113,6 +118,16 @@ void TextList::focusInEvent(QFocusEvent* event) {
     viewport()->update();
     if (Count() == 0)
         emit LinesWanted();
+}
+
+void TextList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (!hasFocus())
+        return;
+    // The highlight does not tell where the keys go: there may be none, or one in each list.
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
 }
 
 void TextList::keyPressEvent(QKeyEvent* event) {

@@ -475,6 +475,29 @@ TEST(FrmMain, LayoutsAndLegendAreToggled) {
     EXPECT_FALSE(legend->isVisible());
 }
 
+TEST(FrmMain, NeitherLongTextsNorTheLegendMakeItLarger) {
+    RunningProgram few;
+    QWidget* plain = few.OpenMain(StandardSystem("Pier", "2715"));
+    const QSize least = plain->minimumSizeHint();
+
+    RunningProgram run;
+    const QString text = QString("in the north wing ").repeated(20).left(250);
+    NewSystem system = StandardSystem(text, "2715");
+    system.address = system.notes = system.lockBrand = text;
+    QWidget* main = run.OpenMain(system);
+    for (const int master : {4, 80, 84, 100}) {
+        ClickCell(main, master);
+        Type(main, "txtKeyID", QString("WWWWWWWW%1").arg(master));
+        Find<QPlainTextEdit>(main, "txtDescription")->setPlainText(text);
+    }
+    ClickCell(main, 0);
+    EXPECT_EQ(LabelText(main, "lblBlockMasterDesc"), text);
+    EXPECT_EQ(main->minimumSizeHint(), least);
+    Click(main, "cmdLegend");
+    EXPECT_EQ(main->minimumSizeHint(), least);
+    EXPECT_GT(Find<QWidget>(main, "frmLegend")->height(), 150);
+}
+
 TEST(FrmMain, SaysWhenNoMapFilesAreThere) {
     RunningProgram run;
     CreateKeySystem(run.session, StandardSystem("Pier", "2715"));
