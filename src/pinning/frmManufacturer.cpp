@@ -54,7 +54,7 @@ bool frmManufacturer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// A point that closes a size goes on to the next box; from the last bottom pin it has always
-/// gone to the top pin of cut 1.
+/// gone to the master pin of one step.
 void frmManufacturer::PointTyped(int box) {
     QLineEdit* field = m_sizes[static_cast<std::size_t>(box)];
     const QString text = field->text();

@@ -21,7 +21,17 @@ struct NewSystem {
 
 /// Why a system cannot be created.
 struct Refusal {
-    enum class Field { Name, Pins, MinimumPin, Master, Angle, Control };
+    enum class Field {
+        Name,
+        Pins,
+        MinimumPin,
+        MaximumPin,
+        Increment,
+        SafetyFactor,
+        Master,
+        Angle,
+        Control
+    };
     Field field;
     QString text;
 };

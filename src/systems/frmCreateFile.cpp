@@ -48,13 +48,15 @@ void frmCreateFile::WatchFields() {
     types->addButton(ui->opType_1, 1);
     types->addButton(ui->opType_2, 2);
     On(types, &QButtonGroup::idClicked, [this](int type) { ShowType(type); });
-    const Limits numeric[] = {{ui->txtMinimumPin, 1, 4, 0},
-                              {ui->txtMaximumPin, 5, 9, 5},
-                              {ui->txtNumberofPins, 4, 7, 4},
-                              {ui->txtIncrement, 1, 4, 1},
-                              {ui->txtSafetyFactor, 2, 9, 2}};
-    for (const Limits& limits : numeric)
-        On(limits.field, &QLineEdit::textChanged, [this, limits] { Clamp(limits); });
+    const std::pair<QLineEdit*, NumberLimits> numeric[] = {
+        {ui->txtMinimumPin, kMinPinLimits},
+        {ui->txtMaximumPin, kMaxPinLimits},
+        {ui->txtNumberofPins, kPinCountLimits},
+        {ui->txtIncrement, kIncrementLimits},
+        {ui->txtSafetyFactor, kSafetyFactorLimits}};
+    for (const auto& [field, limits] : numeric)
+        On(field, &QLineEdit::textChanged,
+           [this, field = field, limits = limits] { Clamp(field, limits); });
     for (QLineEdit* field :
          {ui->txtIncrement, ui->txtMasterKey, ui->txtMinimumPin, ui->txtMaximumPin,
           ui->txtNumberofPins, ui->txtSafetyFactor, ui->txtSystemAddress, ui->txtSystemName})
@@ -82,13 +84,14 @@ bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
     return Form::eventFilter(watched, event);
 }
 
-void frmCreateFile::Clamp(const Limits& limits) {
-    if (Val(limits.field->text()) > limits.highest)
-        limits.field->setText(QString::number(limits.highest));
-    if (Val(limits.field->text()) < limits.lowest &&
-        limits.field->text() != QString::number(limits.replacement))
-        limits.field->setText(QString::number(limits.replacement));
-    limits.field->selectAll();
+void frmCreateFile::Clamp(QLineEdit* field, const NumberLimits& limits) {
+    if (Val(field->text()) > limits.highest)
+        field->setText(QString::number(limits.highest));
+    // An empty field and a word are 0 too: where 0 is allowed, it is what they become.
+    const QString lowest = QString::number(limits.lowest);
+    if (Val(field->text()) < std::max(limits.lowest, 1) && field->text() != lowest)
+        field->setText(lowest);
+    field->selectAll();
     RefreshPreview();
 }
 
@@ -158,6 +161,7 @@ void frmCreateFile::RefreshPreview() {
     if (ui->txtMasterKey->text().size() != definition.pins) {
         ui->List1->SetLines({});
         ui->lblTotalChanges->setText(tr("Total Usable Change Keys ="));
+        ui->lblWithinSafety->setText(tr("Of these within the Safety Factor ="));
         return;
     }
     if (!definition.ExceedsPinVariance() && definition.PageCount() <= kMaxPages)
@@ -194,6 +198,8 @@ void frmCreateFile::ShowUsableKeys(const SystemDefinition& definition) {
             QString::fromStdString(PreviewLine(static_cast<int>(page) + 1, usable.perPage[page])));
     ui->List1->SetLines(lines);
     ui->lblTotalChanges->setText(tr("Total Usable Change Keys = %1").arg(usable.Total()));
+    ui->lblWithinSafety->setText(
+        tr("Of these within the Safety Factor = %1").arg(usable.withinSafetyFactor));
 }
 
 void frmCreateFile::DrawMaster() {
@@ -226,6 +232,12 @@ QWidget* frmCreateFile::FieldOf(Refusal::Field field) const {
         return ui->txtNumberofPins;
     case Refusal::Field::MinimumPin:
         return ui->txtMinimumPin;
+    case Refusal::Field::MaximumPin:
+        return ui->txtMaximumPin;
+    case Refusal::Field::Increment:
+        return ui->txtIncrement;
+    case Refusal::Field::SafetyFactor:
+        return ui->txtSafetyFactor;
     case Refusal::Field::Master:
         return ui->txtMasterKey;
     case Refusal::Field::Angle:

@@ -34,15 +34,8 @@ protected:
     QString Unsaved() const override;
 
 private:
-    /// Limits of a numeric field: above `highest` it becomes that; below `lowest` it becomes
-    /// `replacement`.
-    struct Limits {
-        QLineEdit* field;
-        int lowest, highest, replacement;
-    };
-
     void WatchFields();
-    void Clamp(const Limits& limits);
+    void Clamp(QLineEdit* field, const NumberLimits& limits);
     void ShowType(int type);
     void FillBrands();
     bool CheckBrand();
