@@ -51,6 +51,8 @@ void TakeBack(Walker& walker) {
     walker.ExpectInput(QStringLiteral("left the school"), QStringLiteral("holders-note"));
     walker.Click(QStringLiteral("cmdRemove"));
     walker.ClickLine(QStringLiteral("lstKeyUsers"), QStringLiteral("10 - "));
+    walker.ExpectBox(QStringLiteral("as lost?"), QMessageBox::Yes,
+                     QStringLiteral("holders-loss-question"));
     walker.ExpectInput(QStringLiteral("police report 118"), QStringLiteral("holders-report"));
     walker.Click(QStringLiteral("cmdLost"));
     walker.ClickLine(QStringLiteral("lstUnitID"), QStringLiteral("10***LOST!"));
