@@ -11,6 +11,7 @@ namespace quorrel::bench {
 void AddPreview(std::vector<Comparison>& comparisons);
 void AddCreate(std::vector<Comparison>& comparisons);
 void AddPage(std::vector<Comparison>& comparisons);
+void AddPinning(std::vector<Comparison>& comparisons);
 void AddLists(std::vector<Comparison>& comparisons);
 void AddDoors(std::vector<Comparison>& comparisons);
 void AddHolders(std::vector<Comparison>& comparisons);

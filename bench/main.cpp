@@ -39,6 +39,7 @@ int RunAll(std::vector<char*> arguments) {
     AddPreview(comparisons);
     AddCreate(comparisons);
     AddPage(comparisons);
+    AddPinning(comparisons);
     AddLists(comparisons);
     AddDoors(comparisons);
     AddHolders(comparisons);

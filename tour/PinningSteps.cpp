@@ -30,7 +30,8 @@ void ShowStandardChart(Tour& tour) {
                      QStringLiteral("pinning-question"));
     walker.Click(QStringLiteral("cmdPinning"));
     walker.Enter("frmPinningChart");
-    walker.CheckContains(QStringLiteral("lblFlaws"), QStringLiteral("Chamber 4: no master pin"));
+    walker.CheckContains(QStringLiteral("lblNotes"),
+                         QStringLiteral("Chambers 4, 5 and 6: no master pin"));
     walker.Picture(QStringLiteral("pinning-master-level"));
     walker.Press(Qt::Key_Escape);
     walker.Enter("frmMain");
@@ -51,6 +52,8 @@ void CreateCore(Walker& walker) {
 }
 
 void PrintCoreChart(Walker& walker) {
+    walker.Click(QStringLiteral("ChgKey_6"));
+    walker.Type(QStringLiteral("txtKeyID"), QStringLiteral("F-2"));
     walker.Click(QStringLiteral("ChgKey_0"));
     walker.Type(QStringLiteral("txtKeyID"), QStringLiteral("F-1"));
     walker.Type(QStringLiteral("txtDescription"),
@@ -58,6 +61,11 @@ void PrintCoreChart(Walker& walker) {
     walker.Click(QStringLiteral("cmdPinning"));
     walker.Enter("frmPinningChartIC");
     walker.Picture(QStringLiteral("pinning-core"));
+    walker.Press(Qt::Key_PageDown);
+    walker.CheckText(QStringLiteral("lblKeyID"), QStringLiteral("F-2"));
+    walker.Picture(QStringLiteral("pinning-next-key"));
+    walker.Press(Qt::Key_PageUp);
+    walker.CheckText(QStringLiteral("lblKeyID"), QStringLiteral("F-1"));
     const QTemporaryDir folder;
     walker.ExpectFileDialog(folder.filePath(QStringLiteral("chart.pdf")),
                             QStringLiteral("pinning-print"));

@@ -14,6 +14,7 @@ const QString kSecondName = QStringLiteral("Quay House Offices");
 void CheckPreview(Walker& walker, int keys, int pages) {
     walker.CheckText(QStringLiteral("lblTotalChanges"),
                      QStringLiteral("Total Usable Change Keys = %1").arg(keys));
+    walker.CheckContains(QStringLiteral("lblWithinSafety"), QStringLiteral("Safety Factor = "));
     const auto& list = walker.Find<TextList>(QStringLiteral("List1"));
     walker.Check(list.Count() == pages,
                  QStringLiteral("The preview has %1 lines, not %2").arg(list.Count()).arg(pages));

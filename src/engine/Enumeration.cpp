@@ -5,7 +5,7 @@
 namespace quorrel {
 
 Enumeration::Enumeration(const SystemDefinition& definition) : m_definition(definition) {
-    if (!definition.HasValidPinCount())
+    if (!definition.IsWithinLimits())
         return;
     m_empty = false;
     for (int position = 1; position <= definition.pins - 3; ++position) {

@@ -75,6 +75,8 @@ private:
 
 void GeneratePatterns(const SystemDefinition& definition, SystemType type,
                       const std::string& special, const std::function<void(const Pattern&)>& emit) {
+    if (!definition.IsWithinLimits())
+        return;
     if (const int pages = definition.PageCount(); pages > kMaxPages)
         throw PageLimitError(pages);
     PatternWriter writer(definition, emit);

@@ -21,7 +21,8 @@ struct Pattern {
 /// Generates every key of a system in `serial` order: each page's keys, then those of its levels
 /// that no earlier page has brought. A level whose cuts the page holds as an enumerated key gets
 /// no second row. `special` is the angles or the control key of a system that is not standard.
-/// Throws `PageLimitError`.
+/// Nothing at all when a number of the definition is outside of its limits. Throws
+/// `PageLimitError`.
 void GeneratePatterns(const SystemDefinition& definition, SystemType type,
                       const std::string& special, const std::function<void(const Pattern&)>& emit);
 

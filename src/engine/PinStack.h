@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace quorrel {
@@ -16,33 +17,41 @@ inline constexpr int kControlShearLine = 10;
 /// an interchangeable core tells its control and driver pin.
 struct PinStack {
     int bottom = 0;
-    int master = 0; ///< 0 where the key shares the master's cut
+    std::vector<int> wafers; ///< the master pins from the bottom up, none less than a step
     std::optional<int> control, driver;
+
+    /// Steps of all wafers together; 0 where the chamber opens to one cut alone.
+    int Master() const;
+
+    /// A wafer of a single step, which may tilt and jam the cylinder.
+    bool HasThinWafer() const;
 
     friend bool operator==(const PinStack&, const PinStack&) = default;
 };
 
-/// The pins of a chamber that a key and the master key of the system open: the bottom pin reaches
-/// the lower of their cuts, the master pin bridges the two. Cuts are 0 to 9.
-PinStack StackOf(int keyCut, int masterCut);
+/// The pins of a chamber that opens to each of these cuts, 0 to 9 in ascending order: the bottom
+/// pin reaches the lowest, and a wafer bridges the way from each to the next. Throws
+/// `std::invalid_argument` when there is no cut.
+PinStack StackOf(const std::vector<int>& cuts);
 
 /// As `StackOf`, for a core that a control key draws: with the control key the top of the control
-/// pin stands at the control shear line. The four pins add up to `kCoreStackHeight`.
+/// pin stands at the control shear line. The pins add up to `kCoreStackHeight`.
+PinStack CoreStackOf(const std::vector<int>& cuts, int controlCut);
+
+/// The usual two cuts of a chamber: those of a key and of the master key, which may be the same.
+PinStack StackOf(int keyCut, int masterCut);
 PinStack CoreStackOf(int keyCut, int masterCut, int controlCut);
 
 /// A number of steps as one character: 10 is A, 11 B and so on; a number below 10 shows its last
 /// digit, so one below 0 shows without its sign.
 char PinCharacter(int steps);
 
-/// Why a chamber cannot be loaded as its figures say.
-enum class PinFlaw {
-    NoMasterPin, ///< the master pin is less than one step
-    NoDriverPin, ///< the driver pin of a core is less than one step
-    NoControlPin ///< the control pin is less than nothing
+/// A cylinder with a key in it.
+struct Cylinder {
+    std::string key;              ///< a digit a chamber
+    std::vector<PinStack> stacks; ///< chamber by chamber; a core's count from the key's tip
+    bool core = false;
 };
-
-/// What is wrong with a chamber's pins, none when they can be made.
-std::vector<PinFlaw> FlawsOf(const PinStack& stack);
 
 /// One pin as it stands in its chamber, with a key in the cylinder. Heights are steps above the
 /// operating shear line.
@@ -59,8 +68,8 @@ inline constexpr int kBottomPinBase = 4;
 /// Steps that the driver of a standard cylinder is drawn with; its length is not figured.
 inline constexpr int kPlainDriver = 7;
 
-/// The pins of a chamber from the bottom up, resting on a key of this cut. A pin without length is
-/// left out; a standard cylinder gets a plain driver with -1 steps, which stands for no figure.
+/// The pins of a chamber from the bottom up, resting on a key of this cut. A standard cylinder
+/// gets a plain driver with -1 steps, which stands for no figure.
 std::vector<PlacedPin> PlacePins(const PinStack& stack, int keyCut);
 
 } // namespace quorrel

@@ -25,8 +25,10 @@ UsableKeys CountUsableKeys(const SystemDefinition& definition) {
     Enumeration(definition)
         .Run(
             [&](const EnumeratedKey& key) {
-                if (!IsMasterPosition(key.position))
-                    ++usable.perPage[static_cast<std::size_t>(key.page - 1)];
+                if (IsMasterPosition(key.position))
+                    return;
+                ++usable.perPage[static_cast<std::size_t>(key.page - 1)];
+                usable.withinSafetyFactor += key.text.back() == ' ' ? 1 : 0;
             },
             [](int) {});
     return usable;

@@ -16,12 +16,13 @@ public:
 
 /// Usable change keys of a system, page by page.
 struct UsableKeys {
-    std::vector<int> perPage; ///< Element 0 is page 1.
+    std::vector<int> perPage;   ///< Element 0 is page 1.
+    int withinSafetyFactor = 0; ///< Those of all pages whose cuts keep to the safety factor.
     int Total() const;
 };
 
-/// Counts the change keys of each page. A key that exceeds the safety factor stays counted: the
-/// figure is that of the system's structure. Throws `PageLimitError`.
+/// Counts the change keys of each page. A key that exceeds the safety factor stays counted there:
+/// the figure is that of the system's structure. Throws `PageLimitError`.
 UsableKeys CountUsableKeys(const SystemDefinition& definition);
 
 /// The line of a page in the preview: "Page 1    = 64".

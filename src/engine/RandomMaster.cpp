@@ -38,7 +38,7 @@ bool MeetsRules(const SystemDefinition& definition, const std::string& cuts) {
 } // namespace
 
 bool RandomMasterExists(const SystemDefinition& definition) {
-    if (!definition.HasValidPinCount() || definition.maxPin <= definition.minPin)
+    if (!definition.IsWithinLimits())
         return false;
     // What can be reached place by place: the cut, and whether the start and end rules are met.
     struct State {

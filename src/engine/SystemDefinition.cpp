@@ -17,11 +17,18 @@ int DigitAt(std::string_view text, std::size_t place) {
 
 } // namespace
 
+bool SystemDefinition::IsWithinLimits() const {
+    return kPinCountLimits.Hold(pins) && kMinPinLimits.Hold(minPin) && kMaxPinLimits.Hold(maxPin) &&
+           kIncrementLimits.Hold(increment) && kSafetyFactorLimits.Hold(safetyFactor);
+}
+
 int SystemDefinition::MasterCut(int position) const {
     return DigitAt(master, static_cast<std::size_t>(position - 1));
 }
 
 std::vector<int> SystemDefinition::Progression(int position) const {
+    if (!IsWithinLimits())
+        return {};
     int start = minPin;
     if (increment != 1 && (minPin % 2) != (MasterCut(position) % 2))
         start = minPin + 1;
@@ -32,7 +39,7 @@ std::vector<int> SystemDefinition::Progression(int position) const {
 }
 
 int SystemDefinition::PageCount() const {
-    if (!HasValidPinCount())
+    if (!IsWithinLimits())
         return 0;
     int pages = 1;
     for (int position = 1; position <= pins - 3; ++position) {
@@ -46,6 +53,10 @@ int SystemDefinition::PageCount() const {
 bool IsDigits(std::string_view text, int count) {
     return text.size() == static_cast<std::size_t>(count) &&
            std::all_of(text.begin(), text.end(), IsDigit);
+}
+
+bool IsControlKeysCuts(std::string_view keyText, std::string_view controlCuts) {
+    return !controlCuts.empty() && keyText.starts_with(controlCuts);
 }
 
 std::string NormalisedCuts(std::string_view text, int pins) {

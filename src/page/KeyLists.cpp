@@ -1,39 +1,29 @@
 #include "page/KeyLists.h"
 
+#include "page/DoorsUnderKey.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
 #include "store/OfSystem.h"
-#include "store/Scramble.h"
 #include "store/SystemTables.h"
 
 #include <QHash>
 #include <QSet>
 
 #include <algorithm>
-#include <string_view>
 
 namespace quorrel {
 
 namespace {
 
 constexpr int kShownDepartment = 6;
+/// Characters of a Key ID and of a whole line that are shown at most: a damaged file may hold texts
+/// that no screen has room for.
+constexpr int kShownKeyID = 20;
+constexpr int kShownLine = 1000;
 /// How many holders are looked up at a time.
 constexpr qsizetype kHoldersAtATime = 200;
-
-/// What tells whether a named key lies under a master.
-struct NamedCuts {
-    using Self = NamedCuts;
-    using Whole = AllKeysRow;
-    RowKey key = 0;
-    QString KeyID;
-    QString Cuts;
-
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(KeyID), QUORREL_COLUMN(Cuts)};
-    }
-};
 
 /// A unit in a holder's hands.
 struct HeldUnit {
@@ -53,11 +43,15 @@ bool Passes(const QString& text, const QString& filter) {
     return filter.isEmpty() || text.startsWith(filter, Qt::CaseInsensitive);
 }
 
+QString ListLine(const QString& text) {
+    return OneLine(text.left(kShownLine));
+}
+
 /// A list of doors under way: of lines that are the same it takes the first.
 class DoorLines {
 public:
     void Add(const KeyedDoorRow& door) {
-        QString text = OneLine(door.DoorLabel + QString(5, u' ') + door.DoorDescription);
+        QString text = ListLine(door.DoorLabel + QString(5, u' ') + door.DoorDescription);
         if (m_listed.contains(text))
             return;
         m_listed.insert(text);
@@ -69,62 +63,6 @@ public:
 private:
     QSet<QString> m_listed;
     std::vector<SubjectLine> m_lines;
-};
-
-/// The Key IDs under a master, which are those that have its cuts wherever these are not the
-/// theoretical master's.
-class SubKeys {
-public:
-    SubKeys(Session& session, const OpenSystem& system, const std::string& cuts)
-        : m_mask(MaskOf(system, cuts)) {
-        Recordset<NamedCuts>(session.Keys(), OfSystem<NamedCuts>(session))
-            .Walk([&](const NamedCuts& key) {
-                if (!IsNoValue(key.KeyID) && IsUnderMask(Unscrambled(key.Cuts)))
-                    Take(RightTrimmed(key.KeyID));
-                return true;
-            });
-    }
-
-    qsizetype Count() const { return m_placeOf.size(); }
-
-    /// Place of the first Key ID that a door's `CutsLabel` begins with; -1 for none.
-    qsizetype FirstOf(const QString& cutsLabel) const {
-        qsizetype first = -1;
-        for (const qsizetype length : m_lengths) {
-            if (length > cutsLabel.size())
-                continue;
-            const qsizetype place = m_placeOf.value(cutsLabel.left(length), -1);
-            if (place >= 0 && (first < 0 || place < first))
-                first = place;
-        }
-        return first;
-    }
-
-private:
-    static QString MaskOf(const OpenSystem& system, std::string_view cuts) {
-        QString mask;
-        for (std::size_t i = 0; i < system.MasterKeyCuts.size(); ++i)
-            mask +=
-                QLatin1Char(i < cuts.size() && cuts[i] != system.MasterKeyCuts[i] ? cuts[i] : 'x');
-        return mask;
-    }
-
-    bool IsUnderMask(const QString& cuts) const {
-        return cuts.size() >= m_mask.size() &&
-               std::equal(m_mask.begin(), m_mask.end(), cuts.begin(),
-                          [](QChar wanted, QChar cut) { return wanted == u'x' || wanted == cut; });
-    }
-
-    void Take(const QString& keyID) {
-        if (m_placeOf.contains(keyID))
-            return;
-        m_placeOf.insert(keyID, m_placeOf.size());
-        m_lengths.insert(keyID.size());
-    }
-
-    QString m_mask;
-    QHash<QString, qsizetype> m_placeOf;
-    QSet<qsizetype> m_lengths; ///< of the Key IDs
 };
 
 /// The name of each holder among some IDs; of several with one ID the first counts.
@@ -158,14 +96,15 @@ std::vector<KeyLine> FillKeyList(Session& session, const QString& filter) {
             .Rows();
     qsizetype widest = 0;
     for (const NamedKeyRow& key : keys)
-        widest = std::max(widest, RightTrimmed(key.Label).size());
+        widest = std::max(widest, RightTrimmed(key.Label.left(kShownKeyID)).size());
     std::vector<KeyLine> lines;
     for (const NamedKeyRow& key : keys) {
-        if (IsNoValue(key.Label) || key.Position >= kAllCells || !Passes(key.Label, filter))
+        const bool onPage = key.PageNumber > 0 && key.Position >= 0 && key.Position < kAllCells;
+        if (IsNoValue(key.Label) || !onPage || !Passes(key.Label, filter))
             continue;
-        lines.push_back({OneLine(Padded(key.Label, static_cast<int>(widest)) + u' ' +
-                                 Padded(key.Department, kShownDepartment) + QStringLiteral("  ") +
-                                 key.Description),
+        lines.push_back({ListLine(Padded(key.Label, static_cast<int>(widest)) + u' ' +
+                                  Padded(key.Department, kShownDepartment) + QStringLiteral("  ") +
+                                  key.Description),
                          key.PageNumber, key.Position});
     }
     return lines;
@@ -175,35 +114,9 @@ std::vector<SubjectLine> FillDoorList(Session& session, const PageView& page, in
                                       const QString& keyID, const QString& filter) {
     if (IsNoValue(keyID))
         return OrNone({});
-    // Doors are those of the system under whose number the maps are filed.
-    const auto doors = [&] {
-        return Query<DoorsRow>().Where(&DoorsRow::SystemNumber, session.MapFilingNumber);
-    };
-    const auto isListed = [&](const KeyedDoorRow& door) {
-        return !IsNoValue(door.DoorLabel) && Passes(door.DoorLabel, filter);
-    };
     DoorLines lines;
-    if (!IsMasterPosition(cell)) {
-        Recordset<KeyedDoorRow>(session.Keys(),
-                                doors().WhereTrimmed(&DoorsRow::CutsLabel, RightTrimmed(keyID)))
-            .Walk([&](const KeyedDoorRow& door) {
-                if (isListed(door))
-                    lines.Add(door);
-                return true;
-            });
-        return OrNone(lines.Take());
-    }
-    const SubKeys keys(session, page.System(), page.Cell(cell).tag);
-    std::vector<std::vector<KeyedDoorRow>> ofKey(static_cast<std::size_t>(keys.Count()));
-    Recordset<KeyedDoorRow>(session.Keys(), doors()).Walk([&](const KeyedDoorRow& door) {
-        if (!isListed(door))
-            return true;
-        if (const qsizetype place = keys.FirstOf(door.CutsLabel); place >= 0)
-            ofKey[static_cast<std::size_t>(place)].push_back(door);
-        return true;
-    });
-    for (const auto& found : ofKey)
-        for (const KeyedDoorRow& door : found)
+    for (const KeyedDoorRow& door : DoorsUnderKey(session, cell, keyID, page.Cell(cell).tag))
+        if (!IsNoValue(door.DoorLabel) && Passes(door.DoorLabel, filter))
             lines.Add(door);
     return OrNone(lines.Take());
 }
@@ -214,8 +127,9 @@ std::vector<SubjectLine> FillUserList(Session& session, const QString& keyID,
         return OrNone({});
     const QString label = keyID.left(keyID.indexOf(QStringLiteral("  ")));
     const auto units =
-        Recordset<HeldUnit>(session.Keys(), OfSystem<HeldUnit>(session).Where(
-                                                &UsertoUnitRow::KeyID, Padded(label, kKeyIDWidth)))
+        Recordset<HeldUnit>(session.Keys(),
+                            OfSystem<HeldUnit>(session).WhereTrimmed(
+                                &UsertoUnitRow::KeyID, RightTrimmed(label.left(kKeyIDWidth))))
             .Rows();
     QStringList userIDs;
     for (const HeldUnit& unit : units)
@@ -226,8 +140,8 @@ std::vector<SubjectLine> FillUserList(Session& session, const QString& keyID,
     for (const HeldUnit& unit : units) {
         const QString name = names.value(unit.UserID);
         if (Passes(name, filter))
-            lines.push_back({OneLine(unit.UnitID + QStringLiteral(" - ") + unit.UserID +
-                                     QString(3, u' ') + name),
+            lines.push_back({ListLine(unit.UnitID + QStringLiteral(" - ") + unit.UserID +
+                                      QString(3, u' ') + name),
                              RightTrimmed(unit.UserID)});
     }
     return OrNone(std::move(lines));

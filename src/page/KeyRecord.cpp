@@ -1,7 +1,9 @@
 #include "page/KeyRecord.h"
 
+#include "page/KeySelection.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
 #include "store/OfSystem.h"
@@ -12,15 +14,90 @@
 
 namespace quorrel {
 
-void KeyRecord::Open(int cell, bool quiet) {
-    m_cell = cell;
-    m_labelAsShown = RightTrimmed(m_page.Cell(cell).keyLabel);
-    m_labelEdited = !quiet;
-    m_pageDirty = false;
+namespace {
+
+constexpr int kKeywayWidth = 8;
+
+/// A description without the line ends and blanks at its end.
+QString Stripped(QString text) {
+    while (!text.isEmpty() && (text.back() == u' ' || text.back() == u'\n' || text.back() == u'\r'))
+        text.chop(1);
+    return text;
 }
 
-bool KeyRecord::RepeatsLastRecord() const {
-    return m_repeatLastRecord && !m_page.Cell(m_cell).HasLabel();
+bool SameText(const QString& one, const QString& other) {
+    return RightTrimmed(one).toUpper() == RightTrimmed(other).toUpper();
+}
+
+/// What a whole row holds of a record, without the blanks that texts are stored with.
+KeyTextsRow TextsOf(const PatternsRow& row) {
+    KeyTextsRow texts;
+    texts.key = row.key;
+    texts.SystemNumber = row.SystemNumber;
+    texts.Cuts = row.Cuts;
+    texts.Label = RightTrimmed(row.Label);
+    texts.KeyWay = RightTrimmed(row.KeyWay);
+    texts.Department = RightTrimmed(row.Department);
+    texts.Description = Stripped(row.Description);
+    return texts;
+}
+
+KeyTextsRow Trimmed(KeyTextsRow texts) {
+    texts.Label = RightTrimmed(texts.Label);
+    texts.KeyWay = RightTrimmed(texts.KeyWay);
+    texts.Department = RightTrimmed(texts.Department);
+    texts.Description = Stripped(texts.Description);
+    return texts;
+}
+
+/// Puts a record into its row. What is not changed stays to the letter; a key without Key ID has
+/// no record at all.
+void WriteInto(PatternsRow& row, const KeyTextsRow& record, const QString& today) {
+    if (record.Label.isEmpty()) {
+        row.Label = kUnnamed;
+        row.KeyWay = QString(kKeywayWidth, u' ');
+        row.Department = QString(7, u' ');
+        row.Description = QString(16, u' ');
+        row.AlphaCode.clear();
+        return;
+    }
+    const KeyTextsRow before = TextsOf(row);
+    if (record.Label != before.Label)
+        row.Label = Padded(record.Label, kKeyIDWidth);
+    if (record.KeyWay != before.KeyWay)
+        row.KeyWay = Padded(record.KeyWay, kKeywayWidth);
+    if (record.Department != before.Department)
+        row.Department = record.Department;
+    if (record.Description != before.Description)
+        row.Description = record.Description;
+    row.AlphaCode = today;
+}
+
+} // namespace
+
+KeyRecordText KeyRecord::Open(int cell, bool asks) {
+    m_cell = cell;
+    m_asks = asks;
+    const PageCell& content = m_page.Cell(cell);
+    m_stored = Trimmed(content.stored);
+    m_shown = {RightTrimmed(content.keyLabel).left(kKeyIDWidth), RightTrimmed(content.keyway),
+               RightTrimmed(content.department.toUpper()), content.description};
+    m_offered = m_repeatLastRecord && !content.HasLabel() && !content.IsBlank();
+    if (m_offered)
+        m_shown = {m_shown.keyID, m_last.keyway, m_last.department, m_last.description};
+    return m_shown;
+}
+
+bool KeyRecord::IsEdited(const KeyRecordText& screen) const {
+    return !SameText(screen.keyID, m_shown.keyID) || !SameText(screen.keyway, m_shown.keyway) ||
+           !SameText(screen.department, m_shown.department) ||
+           Stripped(screen.description) != Stripped(m_shown.description);
+}
+
+QString KeyRecord::Subject() const {
+    if (!m_stored.Label.isEmpty())
+        return QStringLiteral("Key ID ") + m_stored.Label;
+    return QStringLiteral("The selected key (%1)").arg(PlaceInWords(m_page, m_cell));
 }
 
 QString KeyRecord::Today() const {
@@ -29,50 +106,65 @@ QString KeyRecord::Today() const {
 
 QStringList KeyRecord::StoredCuts() const {
     const auto pins = static_cast<std::size_t>(m_page.System().PinCount);
-    const QString cuts = QString::fromStdString(m_page.Cell(m_cell).tag.substr(0, pins));
-    return {Scrambled(cuts + u' '), Scrambled(cuts + u'*')};
+    return StoredForms(m_page.Cell(m_cell).tag.substr(0, pins));
 }
 
-bool KeyRecord::UnitsAreIssued() const {
+/// The record as the user wants it. What stands in its boxes as it was given stays what it is in
+/// the file, which may be longer than its box.
+KeyTextsRow KeyRecord::Typed(const KeyRecordText& screen) const {
+    KeyTextsRow typed = m_stored;
+    if (m_offered || !SameText(screen.keyID, m_shown.keyID))
+        typed.Label = screen.keyID;
+    if (m_offered || !SameText(screen.keyway, m_shown.keyway))
+        typed.KeyWay = RightTrimmed(screen.keyway.left(kKeywayWidth));
+    if (m_offered || !SameText(screen.department, m_shown.department))
+        typed.Department = RightTrimmed(screen.department.toUpper().left(kDepartmentWidth));
+    if (m_offered || Stripped(screen.description) != Stripped(m_shown.description))
+        typed.Description = Stripped(screen.description);
+    if (typed.Label.isEmpty())
+        typed.KeyWay = typed.Department = typed.Description = QString();
+    return typed;
+}
+
+bool KeyRecord::UnitsAreIssued(const QString& keyID) const {
     return !Recordset<UsertoUnitRow>(
-                m_session.Keys(), OfSystem<UsertoUnitRow>(m_session).Where(
-                                      &UsertoUnitRow::KeyID, Padded(m_labelAsShown, kKeyIDWidth)))
+                m_session.Keys(),
+                OfSystem<UsertoUnitRow>(m_session).WhereTrimmed(&UsertoUnitRow::KeyID, keyID))
                 .Empty();
 }
 
-bool KeyRecord::DoorsAreAssigned() const {
+bool KeyRecord::DoorsAreAssigned(const QString& keyID) const {
     // Doors are those of the system under whose number the maps are filed, as on this form's lists.
     return !Recordset<DoorsRow>(m_session.Keys(),
                                 Query<DoorsRow>()
                                     .Where(&DoorsRow::SystemNumber, m_session.MapFilingNumber)
-                                    .WhereTrimmed(&DoorsRow::CutsLabel, m_labelAsShown))
+                                    .WhereTrimmed(&DoorsRow::CutsLabel, keyID))
                 .Empty();
 }
 
 bool KeyRecord::IsTaken(const QString& keyID) const {
     const QStringList cuts = StoredCuts();
-    const auto rows =
-        Recordset<AllKeysRow>(m_session.Keys(), OfSystem<AllKeysRow>(m_session).Where(
-                                                    &AllKeysRow::KeyID, Padded(keyID, kKeyIDWidth)))
-            .Rows();
+    const auto rows = Recordset<AllKeysRow>(
+                          m_session.Keys(),
+                          OfSystem<AllKeysRow>(m_session).WhereTrimmed(&AllKeysRow::KeyID, keyID))
+                          .Rows();
     return std::any_of(rows.begin(), rows.end(),
                        [&](const AllKeysRow& row) { return !cuts.contains(row.Cuts); });
 }
 
-KeyRecord::Obstacle KeyRecord::FindObstacle(const QString& keyID) const {
+KeyRecord::Obstacle KeyRecord::FindObstacle(const QString& from, const QString& to) const {
     // A key that had no Key ID has nothing that units or doors could go by.
-    const bool renamed = !m_labelAsShown.isEmpty() && keyID != m_labelAsShown;
-    if (renamed && UnitsAreIssued())
+    const bool renamed = !from.isEmpty() && to != from;
+    if (renamed && UnitsAreIssued(from))
         return Obstacle::Units;
-    if (renamed && DoorsAreAssigned())
+    if (renamed && DoorsAreAssigned(from))
         return Obstacle::Doors;
-    return !keyID.isEmpty() && IsTaken(keyID) ? Obstacle::Taken : Obstacle::None;
+    return !to.isEmpty() && IsTaken(to) ? Obstacle::Taken : Obstacle::None;
 }
 
 void KeyRecord::Tell(Obstacle obstacle, KeyRecordText& screen) {
-    screen.keyID = m_labelAsShown;
+    screen.keyID = m_shown.keyID;
     if (obstacle == Obstacle::Taken) {
-        m_pageDirty = false;
         m_session.boxes.Message(QStringLiteral("That Key Label is unavailable, Choose another one"),
                                 m_session.ProgramTitle);
         return;
@@ -83,118 +175,125 @@ void KeyRecord::Tell(Obstacle obstacle, KeyRecordText& screen) {
                              "renaming!")
             : QStringLiteral("There are Doors Assigned to %1 - Delete all Assignments before "
                              "renaming!");
-    m_session.boxes.Message(text.arg(m_labelAsShown), QStringLiteral("Access Error"));
+    m_session.boxes.Message(text.arg(LabelAsShown()), QStringLiteral("Access Error"));
 }
 
 bool KeyRecord::SaveKeyRecord(KeyRecordText& screen) {
+    if (!m_session.SessionPermissions.AlterKeyInformation || !IsEdited(screen))
+        return true;
     screen.keyID = RightTrimmed(screen.keyID.toUpper().left(kKeyIDWidth));
     // A blank in the first place takes the Key ID away.
     if (screen.keyID.startsWith(u' '))
         screen.keyID.clear();
-    if (!m_pageDirty || !m_session.SessionPermissions.AlterKeyInformation)
-        return true;
-    if (FindObstacle(screen.keyID) == Obstacle::Units) {
+    const KeyTextsRow typed = Typed(screen);
+    if (FindObstacle(LabelAsShown(), typed.Label) == Obstacle::Units) {
         Tell(Obstacle::Units, screen);
         return false;
     }
-    if (!m_labelAsShown.isEmpty() && m_labelEdited &&
+    if (!LabelAsShown().isEmpty() && m_asks &&
         !m_session.boxes.Confirms(
             QStringLiteral("Are you sure you want to save changes to this record?"),
             QStringLiteral("Save Changes to Record"))) {
-        m_pageDirty = false;
+        screen = m_shown;
         return true;
     }
     m_repeatLastRecord = false;
-    if (const Obstacle obstacle = Store(screen); obstacle != Obstacle::None) {
+    if (const Obstacle obstacle = Store(typed, screen); obstacle != Obstacle::None) {
         Tell(obstacle, screen);
         return false;
     }
-    const bool removed = screen.keyID.isEmpty();
-    m_last = screen;
-    m_repeatLastRecord = !removed;
-    KeepInPage(removed ? KeyRecordText() : screen);
-    m_labelAsShown = screen.keyID;
-    m_pageDirty = false;
+    m_last = m_shown = screen;
+    m_offered = false;
+    m_repeatLastRecord = !screen.keyID.isEmpty();
     return true;
 }
 
+/// The rows of the key, that of the record first. Throws `ChangedElsewhere` when it has none.
+std::vector<PatternsRow> KeyRecord::StoredRows() const {
+    auto rows =
+        Recordset<PatternsRow>(m_session.Keys(),
+                               OfSystem<PatternsRow>(m_session)
+                                   .WhereAny(&PatternsRow::Cuts, StoredCuts())
+                                   .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition))
+            .Rows();
+    const auto own = std::find_if(rows.begin(), rows.end(), [this](const PatternsRow& row) {
+        return row.key == m_stored.key;
+    });
+    if (own == rows.end())
+        throw ChangedElsewhere::Deleted(Subject());
+    std::iter_swap(rows.begin(), own);
+    return rows;
+}
+
 /// Writes all of a record, or nothing when something stands in its way by now.
-KeyRecord::Obstacle KeyRecord::Store(KeyRecordText& screen) {
-    Transaction transaction(m_session.Keys());
-    const Obstacle obstacle = FindObstacle(screen.keyID);
-    if (obstacle != Obstacle::None)
+KeyRecord::Obstacle KeyRecord::Store(const KeyTextsRow& typed, KeyRecordText& screen) {
+    SystemTransaction transaction(m_session);
+    std::vector<PatternsRow> rows = StoredRows();
+    const KeyTextsRow stored = TextsOf(rows.front());
+    KeyTextsRow record = MergedChanges(m_stored, typed, stored, Subject());
+    // A key that has lost its Key ID meanwhile has no record that could be changed.
+    if (record.Label.isEmpty() && !typed.Label.isEmpty())
+        throw ChangedElsewhere::Changed(Subject(),
+                                        {typed.KeyWay, typed.Department, typed.Description});
+    if (const Obstacle obstacle = FindObstacle(stored.Label, record.Label);
+        obstacle != Obstacle::None)
         return obstacle;
-    if (screen.keyID.isEmpty()) {
-        DeleteAllKeysRow();
-    } else {
-        RenameInAllKeys(screen);
-        WriteAllKeysRow(screen);
+    if (record.Label.isEmpty())
+        DeleteAllKeys();
+    else
+        WriteAllKeys(record);
+    for (PatternsRow& row : rows) {
+        WriteInto(row, record, Today());
+        Recordset<PatternsRow>::Update(m_session.Keys(), row);
     }
-    WritePatterns(screen);
-    screen.department = LearnDepartment(screen.department);
+    const QString department = LearnDepartment(screen.department);
     transaction.Commit();
+
+    const bool shared = !SameFields(stored, m_stored);
+    m_lastStored =
+        (record.Label.isEmpty() ? QStringLiteral("Key ID %1 taken away").arg(stored.Label)
+                                : QStringLiteral("Key ID %1 stored").arg(record.Label)) +
+        (shared ? QStringLiteral(", with changes of another workstation") : QString());
+    KeepInPage(record);
+    screen = {record.Label, record.KeyWay, record.Label.isEmpty() ? QString() : department,
+              record.Description};
+    m_stored = record;
     return Obstacle::None;
 }
 
-void KeyRecord::RenameInAllKeys(const KeyRecordText& screen) {
-    for (AllKeysRow& row :
-         Recordset<AllKeysRow>(m_session.Keys(), OfSystem<AllKeysRow>(m_session).WhereAny(
-                                                     &AllKeysRow::Cuts, StoredCuts()))
-             .Rows()) {
-        row.KeyID = Padded(screen.keyID, kKeyIDWidth);
-        row.CustomCuts = Today();
-        Recordset<AllKeysRow>::Update(m_session.Keys(), row);
-    }
-}
-
-void KeyRecord::WriteAllKeysRow(const KeyRecordText& screen) {
+void KeyRecord::WriteAllKeys(const KeyTextsRow& record) {
     Database& keys = m_session.Keys();
-    const QString keyID = Padded(screen.keyID, kKeyIDWidth);
-    auto row = Recordset<AllKeysRow>(
-                   keys, OfSystem<AllKeysRow>(m_session).Where(&AllKeysRow::KeyID, keyID))
-                   .First();
-    // A key that stands in several cells keeps the place where it got its Key ID.
-    if (row && row->Position != m_cell)
-        return;
-    const bool added = !row;
-    if (added) {
-        row = AllKeysRow();
-        row->CustomCuts = Today();
+    const QString keyID = Padded(record.Label, kKeyIDWidth);
+    const QString keyway = Padded(record.KeyWay.left(kKeywayWidth), kKeywayWidth + 1);
+    auto rows = Recordset<AllKeysRow>(
+                    keys, OfSystem<AllKeysRow>(m_session).WhereAny(&AllKeysRow::Cuts, StoredCuts()))
+                    .Rows();
+    for (AllKeysRow& row : rows) {
+        row.KeyID = keyID;
+        row.KeyWay = keyway;
+        row.CustomCuts = Today();
+        // A key that stands in several cells keeps the place where it got its Key ID.
+        if (row.Position == m_cell)
+            row.PageNumber = m_page.LoadedPage();
+        Recordset<AllKeysRow>::Update(keys, row);
     }
-    row->SystemNumber = m_session.ActiveSystemNumber;
-    row->PageNumber = m_page.LoadedPage();
-    row->Position = m_cell;
-    row->KeyID = keyID;
-    row->KeyWay = Padded(screen.keyway.left(8), 9);
-    row->Cuts = Scrambled(QString::fromStdString(m_page.Cell(m_cell).tag));
-    if (added)
-        Recordset<AllKeysRow>::Add(keys, *row);
-    else
-        Recordset<AllKeysRow>::Update(keys, *row);
+    if (!rows.empty())
+        return;
+    AllKeysRow row;
+    row.SystemNumber = m_session.ActiveSystemNumber;
+    row.PageNumber = m_page.LoadedPage();
+    row.Position = m_cell;
+    row.KeyID = keyID;
+    row.KeyWay = keyway;
+    row.Cuts = Scrambled(QString::fromStdString(m_page.Cell(m_cell).tag));
+    row.CustomCuts = Today();
+    Recordset<AllKeysRow>::Add(keys, row);
 }
 
-void KeyRecord::DeleteAllKeysRow() {
+void KeyRecord::DeleteAllKeys() {
     Recordset<AllKeysRow>(m_session.Keys(),
                           OfSystem<AllKeysRow>(m_session).WhereAny(&AllKeysRow::Cuts, StoredCuts()))
         .DeleteAll();
-}
-
-void KeyRecord::WritePatterns(const KeyRecordText& screen) {
-    const bool removed = screen.keyID.isEmpty();
-    for (PatternsRow& row :
-         Recordset<PatternsRow>(m_session.Keys(),
-                                OfSystem<PatternsRow>(m_session)
-                                    .WhereAny(&PatternsRow::Cuts, StoredCuts())
-                                    .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition))
-             .Rows()) {
-        row.Department =
-            removed ? QString(7, u' ') : screen.department.toUpper().left(kDepartmentWidth);
-        row.Description = removed ? QString(16, u' ') : screen.description;
-        row.Label = removed ? QString(19, u' ') : Padded(screen.keyID, kKeyIDWidth);
-        row.KeyWay = Padded(removed ? QString() : screen.keyway, 8);
-        row.AlphaCode = removed ? QString() : Today();
-        Recordset<PatternsRow>::Update(m_session.Keys(), row);
-    }
 }
 
 /// Adds a department that is not known yet. Gives it as it is stored.
@@ -217,17 +316,17 @@ QString KeyRecord::LearnDepartment(const QString& department) {
     return name;
 }
 
-void KeyRecord::KeepInPage(const KeyRecordText& screen) {
+void KeyRecord::KeepInPage(const KeyTextsRow& record) {
     const std::string tag = m_page.Cell(m_cell).tag;
     // With four pins a key can stand in two cells of the page.
     for (int cell = 0; cell < kAllCells; ++cell) {
         if (m_page.Cell(cell).tag != tag)
             continue;
         const QString made = m_page.Cell(cell).date;
-        const bool labelled = !screen.keyID.isEmpty();
-        m_page.SetRecord(cell, screen.keyID, screen.keyway, screen.department.toUpper(),
-                         screen.description,
-                         labelled ? (made.isEmpty() ? Today() : made) : QString());
+        m_page.SetRecord(cell, record,
+                         record.Label.isEmpty() ? QString()
+                         : made.isEmpty()       ? Today()
+                                                : made);
     }
 }
 

@@ -17,45 +17,56 @@ struct KeyRecordText {
 
 /// The record of the selected key while it is edited. It is saved when the user leaves the key;
 /// its Key ID cannot be changed while key units or doors go by it, nor be that of another key.
+///
+/// Only what the user has changed is written. What another workstation has changed meanwhile stays
+/// as that has it, and where both have changed the same, nothing is written.
 class KeyRecord {
 public:
     KeyRecord(Session& session, PageView& page) : m_session(session), m_page(page) {}
 
-    /// The record of a cell has come onto the screen. `quiet` as after the loading of a page: a
-    /// change of it is then saved without a question.
-    void Open(int cell, bool quiet);
+    /// The record of a cell comes onto the screen. Gives what its boxes are to show: its texts, or
+    /// for a key without Key ID what was saved last, so that keys of one kind are named one after
+    /// the other. `asks`: a change of a key that has a Key ID is saved after a question alone.
+    KeyRecordText Open(int cell, bool asks);
 
-    /// The user has changed something in it.
-    void Touch() { m_pageDirty = true; }
-    void Forget() { m_pageDirty = false; }
-    bool PageDirty() const { return m_pageDirty; }
+    /// What the boxes make of the texts that they were given, which is no edit.
+    void ShownAs(const KeyRecordText& screen) { m_shown = screen; }
+
+    /// True when the user has changed something of what the boxes show. Small letters where the
+    /// boxes raise them, and blanks and line ends at the end, are no change.
+    bool IsEdited(const KeyRecordText& screen) const;
 
     /// Saves what is on the screen, all in one transaction, unless it is refused: then the user
     /// has been told, and nothing is stored. The text on the screen is set to what holds then.
-    /// False when it is refused.
+    /// False when it is refused. Throws `ChangedElsewhere`, `SystemGone` and `DatabaseError`.
     bool SaveKeyRecord(KeyRecordText& screen);
 
-    /// What was saved last is offered to the next key without Key ID, until a page is loaded.
-    bool RepeatsLastRecord() const;
-    const KeyRecordText& LastRecord() const { return m_last; }
+    /// What was stored last, in words; empty before the first.
+    const QString& LastStored() const { return m_lastStored; }
+
+    /// Names the key: by its Key ID or, when it has none, by its place.
+    QString Subject() const;
+
+    /// What was saved last is offered to the next key without Key ID, until a page is turned.
     void StopRepeating() { m_repeatLastRecord = false; }
 
 private:
     /// What stands in the way of a Key ID.
     enum class Obstacle { None, Units, Doors, Taken };
 
-    bool UnitsAreIssued() const;
-    bool DoorsAreAssigned() const;
+    const QString& LabelAsShown() const { return m_stored.Label; }
+    KeyTextsRow Typed(const KeyRecordText& screen) const;
+    bool UnitsAreIssued(const QString& keyID) const;
+    bool DoorsAreAssigned(const QString& keyID) const;
     bool IsTaken(const QString& keyID) const;
-    Obstacle FindObstacle(const QString& keyID) const;
+    Obstacle FindObstacle(const QString& from, const QString& to) const;
     void Tell(Obstacle obstacle, KeyRecordText& screen);
-    Obstacle Store(KeyRecordText& screen);
-    void RenameInAllKeys(const KeyRecordText& screen);
-    void WriteAllKeysRow(const KeyRecordText& screen);
-    void DeleteAllKeysRow();
-    void WritePatterns(const KeyRecordText& screen);
+    Obstacle Store(const KeyTextsRow& typed, KeyRecordText& screen);
+    std::vector<PatternsRow> StoredRows() const;
+    void WriteAllKeys(const KeyTextsRow& record);
+    void DeleteAllKeys();
     QString LearnDepartment(const QString& department);
-    void KeepInPage(const KeyRecordText& screen);
+    void KeepInPage(const KeyTextsRow& record);
     /// The cuts of the key as they are stored, under both marks.
     QStringList StoredCuts() const;
     QString Today() const;
@@ -63,11 +74,13 @@ private:
     Session& m_session;
     PageView& m_page;
     int m_cell = 0;
-    bool m_pageDirty = false;
-    QString m_labelAsShown; ///< the Key ID when the cell was opened
-    bool m_labelEdited = false;
+    KeyTextsRow m_stored;   ///< the record as the screen knows it, its texts trimmed
+    KeyRecordText m_shown;  ///< what the boxes were given
+    bool m_offered = false; ///< `m_shown` is not the key's own, but what was saved last
+    bool m_asks = false;
     bool m_repeatLastRecord = false;
     KeyRecordText m_last;
+    QString m_lastStored;
 };
 
 } // namespace quorrel

@@ -66,16 +66,12 @@ std::optional<Level> HighlightOf(CellKind kind) {
 
 void FillRecord(KeySelection& selection, const PageView& page, bool mayReadCuts) {
     const PageCell& cell = page.Cell(selection.cell);
-    selection.keyID = RightTrimmed(cell.keyLabel);
-    selection.keyway = cell.keyway;
-    selection.department = cell.department.toUpper();
-    selection.description = RightTrimmed(cell.description);
     selection.serial = QString::number(cell.serial);
     selection.dateText = QStringLiteral("Date Created: ") + cell.date;
     selection.cuts = mayReadCuts ? QString::fromStdString(cell.tag) : QStringLiteral("********");
     const auto pins = static_cast<std::size_t>(page.System().PinCount);
     selection.notRecommended =
-        cell.tag.size() > pins && cell.tag[pins] == '*' && IsNoValue(selection.keyID);
+        cell.tag.size() > pins && cell.tag[pins] == '*' && IsNoValue(RightTrimmed(cell.keyLabel));
 }
 
 QString StateInWords(int state) {
@@ -116,11 +112,25 @@ KeySelection SelectKey(const PageView& page, int cell, bool mayReadCuts) {
     return selection;
 }
 
+QString KindInWords(const PageView& page, int cell) {
+    const int pins = page.System().PinCount;
+    // With five and six pins the level that holds the theoretical master is called the grand one.
+    const bool grand = (pins == 5 || pins == 6) && cell == MasterCell(pins);
+    const auto name = NameOfKind(grand ? CellKind::GrandMaster : KindOfCell(cell));
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+QString PlaceInWords(const PageView& page, int cell) {
+    const QString kind = KindInWords(page, cell);
+    return cell > kFirstLevelCell ? kind
+                                  : kind + QStringLiteral(", page %1").arg(page.LoadedPage());
+}
+
 QString DescribeCell(const PageView& page, int cell, int state) {
-    const auto name = NameOfKind(KindOfCell(cell));
-    const QString kind = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())) +
-                         QStringLiteral(" %1").arg(cell);
+    const QString kind = KindInWords(page, cell) + QStringLiteral(" %1").arg(cell);
     const PageCell& content = page.Cell(cell);
+    if (content.isUnreadable)
+        return kind + QStringLiteral(", cannot be read");
     if (content.IsBlank())
         return kind + QStringLiteral(", no key");
     QStringList parts = {kind};

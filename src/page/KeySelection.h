@@ -20,7 +20,6 @@ struct LevelLine {
 /// The selected key as the main form shows it.
 struct KeySelection {
     int cell = 0;
-    QString keyID, keyway, department, description;
     QString serial;
     QString dateText;
     QString cuts; ///< asterisks for a user who may not read cuts
@@ -32,6 +31,12 @@ struct KeySelection {
 
 /// Works out what selecting a cell shows. Pure arithmetic on the page in memory.
 KeySelection SelectKey(const PageView& page, int cell, bool mayReadCuts);
+
+/// What the level panel calls a cell's kind, such as "Block Master".
+QString KindInWords(const PageView& page, int cell);
+
+/// Kind and place of a key, as in "Block Master, page 12"; a level above the pages lies on none.
+QString PlaceInWords(const PageView& page, int cell);
 
 /// What a person who cannot see the cell is told: kind, key and state, never cuts.
 QString DescribeCell(const PageView& page, int cell, int state);

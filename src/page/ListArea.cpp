@@ -88,17 +88,17 @@ bool ListArea::eventFilter(QObject* watched, QEvent* event) {
 
 void ListArea::ShowKeys(std::vector<KeyLine> keys) {
     m_keys = std::move(keys);
-    ui->lstAllIDs->SetLines(TextsOf(m_keys));
+    ui->lstAllIDs->Refill(TextsOf(m_keys));
 }
 
 void ListArea::ShowDoors(std::vector<SubjectLine> doors) {
     m_doors = std::move(doors);
-    ui->lstActiveDoors->SetLines(TextsOf(m_doors));
+    ui->lstActiveDoors->Refill(TextsOf(m_doors));
 }
 
 void ListArea::ShowUsers(std::vector<SubjectLine> users) {
     m_users = std::move(users);
-    ui->lstKeyUsers->SetLines(TextsOf(m_users));
+    ui->lstKeyUsers->Refill(TextsOf(m_users));
 }
 
 void ListArea::ClearKey() {

@@ -8,12 +8,20 @@
 #include "store/OfSystem.h"
 #include "store/Scramble.h"
 
+#include <algorithm>
+#include <map>
+
 namespace quorrel {
 
 namespace {
 
-std::string PlainCuts(const PatternsRow& row) {
-    return Unscrambled(row.Cuts).toStdString();
+/// Rows of a page from here on lie in another column than its first key.
+constexpr int kSecondColumn = 20;
+
+PageCell EmptyCell() {
+    PageCell empty;
+    empty.tag = kEmptyCellTag;
+    return empty;
 }
 
 } // namespace
@@ -27,102 +35,155 @@ PageView::PageView(Session& session) : m_session(session) {
 }
 
 void PageView::ClearPageCells() {
-    PageCell empty;
-    empty.tag = kEmptyCellTag;
-    m_cells.fill(empty);
+    m_cells.fill(EmptyCell());
 }
 
-std::array<std::string, 5> PageView::ReadLevelTexts() const {
-    const auto first =
-        Recordset<PatternsRow>(m_session.Keys(),
-                               OfSystem<PatternsRow>(m_session)
-                                   .Where(&PatternsRow::PageNumber, m_session.CurrentPage)
-                                   .Where(&PatternsRow::Position, 0)
-                                   .OrderBy(&PatternsRow::Serial))
-            .First();
-    return first ? LevelTexts(m_session.System.PinCount, PlainCuts(*first),
-                              m_session.System.MasterKeyCuts)
-                 : std::array<std::string, 5>{};
+int PageView::CountUnreadable() const {
+    return static_cast<int>(std::count_if(m_cells.begin(), m_cells.end(),
+                                          [](const PageCell& cell) { return cell.isUnreadable; }));
 }
 
-void PageView::FillCell(int index, const PatternsRow& row, const std::string& cuts) {
-    PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
+/// The cuts alone; empty when they cannot be read.
+std::string PageView::PlainCuts(const QString& stored) const {
+    const int pins = m_session.System.PinCount;
+    return CutsOf(stored, pins).value_or(std::string()).substr(0, static_cast<std::size_t>(pins));
+}
+
+std::array<std::string, 5> PageView::ReadLevelTexts(int page) const {
+    // Where the row of the first key cannot be read, the others of its column have the same cuts as
+    // far as the levels go.
+    std::optional<std::string> cuts;
+    bool hasFirst = false;
+    Recordset<PatternsRow>(m_session.Keys(), OfSystem<PatternsRow>(m_session)
+                                                 .Where(&PatternsRow::PageNumber, page)
+                                                 .WhereAtLeast(&PatternsRow::Position, 0)
+                                                 .WhereBelow(&PatternsRow::Position, kSecondColumn)
+                                                 .OrderBy(&PatternsRow::Position)
+                                                 .OrderBy(&PatternsRow::Serial))
+        .Walk([&](const PatternsRow& row) {
+            hasFirst = hasFirst || row.Position == 0;
+            if (hasFirst)
+                cuts = CutsOf(row.Cuts, m_session.System.PinCount);
+            return hasFirst && !cuts;
+        });
+    return cuts ? LevelTexts(m_session.System.PinCount, *cuts, m_session.System.MasterKeyCuts)
+                : std::array<std::string, 5>{};
+}
+
+void PageView::Fill(PageCell& cell, const PatternsRow& row) const {
+    const auto cuts = CutsOf(row.Cuts, m_session.System.PinCount);
+    if (!cuts) {
+        cell = EmptyCell();
+        cell.isUnreadable = true;
+        cell.toolTip = QStringLiteral("This key cannot be read.");
+        return;
+    }
     cell.serial = row.Serial;
     cell.isMaster = row.Master;
-    cell.tag = cuts.substr(0, static_cast<std::size_t>(m_session.System.PinCount) + 1);
-    SetRecord(index, row.Label, row.KeyWay, row.Department, row.Description, {});
+    cell.isUnreadable = false;
+    cell.tag = *cuts;
+    cell.date.clear();
+    KeyTextsRow texts;
+    texts.key = row.key;
+    texts.SystemNumber = row.SystemNumber;
+    texts.Cuts = row.Cuts;
+    texts.Label = row.Label;
+    texts.KeyWay = row.KeyWay;
+    texts.Department = row.Department;
+    texts.Description = row.Description;
+    SetTexts(cell, texts);
 }
 
-void PageView::SetRecord(int index, const QString& label, const QString& keyway,
-                         const QString& department, const QString& description,
-                         const QString& date) {
-    PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
-    cell.keyLabel = RightTrimmed(label).left(20);
-    cell.keyway = Padded(keyway, 8);
-    cell.description = RightTrimmed(description).left(250);
-    cell.department = department.left(34);
-    cell.date = date;
-    cell.toolTip = ToolTipOf(cell);
-}
-
-QString PageView::ToolTipOf(const PageCell& cell) const {
+void PageView::SetTexts(PageCell& cell, const KeyTextsRow& stored) const {
+    cell.stored = stored;
+    cell.keyLabel = RightTrimmed(stored.Label).left(20);
+    cell.keyway = Padded(stored.KeyWay, 8);
+    cell.description = RightTrimmed(stored.Description.left(250));
+    cell.department = stored.Department.left(kDepartmentWidth);
     const QString cuts = m_session.SessionPermissions.ReadPrintPinning
                              ? QString::fromStdString(cell.tag) + u' '
                              : QString();
-    return cell.keyLabel + u' ' + cuts + cell.description;
+    cell.toolTip = cell.keyLabel + u' ' + cuts + cell.description;
 }
 
-void PageView::LoadDates() {
-    Recordset<AllKeysRow>(m_session.Keys(), OfSystem<AllKeysRow>(m_session).Where(
-                                                &AllKeysRow::PageNumber, m_session.CurrentPage))
-        .Walk([&](const AllKeysRow& row) {
-            if (row.Position >= 0 && row.Position < kAllCells)
-                m_cells[static_cast<std::size_t>(row.Position)].date = row.CustomCuts;
+void PageView::SetRecord(int index, const KeyTextsRow& stored, const QString& date) {
+    PageCell& cell = m_cells.at(static_cast<std::size_t>(index));
+    SetTexts(cell, stored);
+    cell.date = date;
+}
+
+/// A level key counts whatever its page: it is known by its cuts.
+void PageView::LoadLevels(Cells& cells, int page) const {
+    const auto levels = ReadLevelTexts(page);
+    QStringList forms;
+    for (const std::string& level : levels)
+        if (!level.empty())
+            forms += StoredForms(level);
+    if (forms.isEmpty())
+        return;
+    Recordset<PatternsRow>(m_session.Keys(),
+                           OfSystem<PatternsRow>(m_session)
+                               .WhereAny(&PatternsRow::Cuts, forms)
+                               .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition)
+                               .OrderBy(&PatternsRow::Serial))
+        .Walk([&](const PatternsRow& row) {
+            const auto level =
+                std::find(levels.begin(), levels.end(), PlainCuts(row.Cuts)) - levels.begin();
+            if (level < static_cast<std::ptrdiff_t>(levels.size()))
+                Fill(cells[kFirstLevelCell + static_cast<std::size_t>(level)], row);
             return true;
         });
+}
+
+void PageView::LoadKeys(Cells& cells, int page) const {
+    Recordset<PatternsRow>(m_session.Keys(), OfSystem<PatternsRow>(m_session)
+                                                 .Where(&PatternsRow::PageNumber, page)
+                                                 .WhereAtLeast(&PatternsRow::Position, 0)
+                                                 .WhereBelow(&PatternsRow::Position, kAllCells)
+                                                 .OrderBy(&PatternsRow::Serial))
+        .Walk([&](const PatternsRow& row) {
+            Fill(cells[static_cast<std::size_t>(row.Position)], row);
+            return true;
+        });
+}
+
+/// The date of a label stands with the place where the key got it. A key that shows in further
+/// cells or on further pages, as a level does, has the same date there.
+void PageView::LoadDates(Cells& cells, int page) const {
+    std::map<std::string, QString> dateOfCuts;
+    const auto walk = [&](const Query<AllKeysRow>& query, auto&& visit) {
+        Recordset<AllKeysRow>(m_session.Keys(), query).Walk([&](const AllKeysRow& row) {
+            dateOfCuts[PlainCuts(row.Cuts)] = row.CustomCuts;
+            visit(row);
+            return true;
+        });
+    };
+    walk(OfSystem<AllKeysRow>(m_session).Where(&AllKeysRow::PageNumber, page),
+         [&](const AllKeysRow& row) {
+             if (row.Position >= 0 && row.Position < kFirstLevelCell)
+                 cells[static_cast<std::size_t>(row.Position)].date = row.CustomCuts;
+         });
+    QStringList levels;
+    for (std::size_t cell = kFirstLevelCell; cell < cells.size(); ++cell)
+        if (cells[cell].HasLabel())
+            levels += StoredForms(PlainCuts(cells[cell].stored.Cuts));
+    if (!levels.isEmpty())
+        walk(OfSystem<AllKeysRow>(m_session).WhereAny(&AllKeysRow::Cuts, levels),
+             [](const AllKeysRow&) {});
+    for (PageCell& cell : cells)
+        if (cell.HasLabel() && cell.date.isEmpty())
+            cell.date = dateOfCuts[PlainCuts(cell.stored.Cuts)];
 }
 
 void PageView::LoadPageView() {
+    Cells cells = m_cells;
+    LoadLevels(cells, m_session.CurrentPage);
+    const int page = std::max(1, m_session.CurrentPage);
+    LoadKeys(cells, page);
+    LoadDates(cells, page);
+    m_cells = std::move(cells);
+    m_session.CurrentPage = m_loadedPage = page;
     LoadingPage = true;
-    const auto levels = ReadLevelTexts();
-    if (m_session.CurrentPage == 0)
-        m_session.CurrentPage = 1;
-    m_loadedPage = m_session.CurrentPage;
-    const auto pins = static_cast<std::size_t>(m_session.System.PinCount);
-    const auto fillLevel = [&](const PatternsRow& row, const std::string& cuts) {
-        for (std::size_t level = 0; level < levels.size(); ++level) {
-            if (levels[level].empty() || cuts.compare(0, pins, levels[level]) != 0)
-                continue;
-            FillCell(kFirstLevelCell + static_cast<int>(level), row, cuts);
-            return;
-        }
-    };
-    // A level key counts whatever its page. Its cuts are looked up under both marks.
-    QStringList levelCuts;
-    for (const std::string& level : levels)
-        if (!level.empty())
-            for (const char mark : {' ', '*'})
-                levelCuts.append(Scrambled(QString::fromStdString(level + mark)));
-    Database& keys = m_session.Keys();
-    if (!levelCuts.isEmpty())
-        Recordset<PatternsRow>(keys, OfSystem<PatternsRow>(m_session)
-                                         .WhereAny(&PatternsRow::Cuts, levelCuts)
-                                         .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition)
-                                         .OrderBy(&PatternsRow::Serial))
-            .Walk([&](const PatternsRow& row) {
-                fillLevel(row, PlainCuts(row));
-                return true;
-            });
-    Recordset<PatternsRow>(keys, OfSystem<PatternsRow>(m_session)
-                                     .Where(&PatternsRow::PageNumber, m_session.CurrentPage)
-                                     .WhereBelow(&PatternsRow::Position, kFirstSpecialPosition)
-                                     .OrderBy(&PatternsRow::Serial))
-        .Walk([&](const PatternsRow& row) {
-            if (row.Position < kAllCells)
-                FillCell(row.Position, row, PlainCuts(row));
-            return true;
-        });
-    LoadDates();
 }
 
 QStringList PageView::ListDepartments() const {

@@ -1,7 +1,6 @@
 #include "page/frmMain.h"
 
 #include "access/IdleWatch.h"
-#include "engine/CellStates.h"
 #include "page/KeyCell.h"
 #include "page/KeyLists.h"
 #include "platform/Text.h"
@@ -60,8 +59,7 @@ frmMain::frmMain(Session& session)
     ui->scrlPage->setTracking(false);
     On(ui->Picture1_0, &QToolButton::clicked, [this] { ClickPicture1(); });
     On(ui->Picture1_1, &QToolButton::clicked, [this] { ClickPicture1(); });
-    On(ui->cmdLegend, &QPushButton::clicked,
-       [this] { ui->frmLegend->setVisible(!ui->frmLegend->isVisible()); });
+    On(ui->cmdLegend, &QPushButton::clicked, [this] { ToggleLegend(); });
     On(ui->cmdPinning, &QPushButton::clicked, [this] { ShowPinning(); });
     On(ui->cmdHelp, &QPushButton::clicked, [this] { emit Events().HelpWanted(help::kMainPage); });
     connect(ui->cmdExit, &QPushButton::clicked, ui->mnuFileExit, &QAction::trigger);
@@ -151,13 +149,14 @@ void frmMain::WatchHelpMenu() {
 }
 
 void frmMain::AskFor(const QString& formName, const QString& subject) {
-    if (SavePending(kLabelToLeavePage))
+    const bool exits = formName == QLatin1String("frmExit");
+    if (exits ? SaveOrDrop() : SavePending(kLabelToLeavePage))
         emit FormWanted(formName, subject);
 }
 
 void frmMain::LeaveSystem(const QString& formName) {
     // Whatever length the Key ID has: there is no coming back to it.
-    if (SavePending(1))
+    if (SaveOrDrop())
         emit SystemLeft(formName);
 }
 
@@ -204,14 +203,9 @@ void frmMain::BringUp(int page, int cell) {
     const BusyPointer busy;
     if (!SavePending(kLabelToLeavePage))
         return;
-    m_record.Forget();
-    ui->scrlPage->setValue(page);
-    if (m_page.LoadedPage() != page)
-        return; // It could not be read, and the user has been told.
-    // Another workstation may have changed a page that was here before.
-    m_page.LoadPageView();
+    ShowPage(page);
     m_page.LoadingPage = false;
-    ClickCell(cell);
+    SelectCell(cell, Manner::Clicked);
 }
 
 void frmMain::WatchRecord() {
@@ -220,10 +214,7 @@ void frmMain::WatchRecord() {
     ui->txtKeyway->setReadOnly(!mayEdit);
     ui->txtDescription->setReadOnly(!mayEdit);
     ui->cmbDepartment->setEnabled(mayEdit);
-    const auto touch = [this] {
-        m_session.IdleTickCounter = 0;
-        m_record.Touch();
-    };
+    const auto touch = [this] { m_session.IdleTickCounter = 0; };
     On(ui->txtKeyID, &QLineEdit::textChanged, touch);
     On(ui->txtKeyway, &QLineEdit::textChanged, touch);
     On(ui->cmbDepartment, &QComboBox::currentTextChanged, touch);
@@ -231,20 +222,25 @@ void frmMain::WatchRecord() {
         touch();
         HoldDescription();
     });
+    On(ui->txtDescription->document(), &QTextDocument::contentsChange,
+       [this](int place, int, int added) { m_insertionEnd = place + added; });
     for (QObject* field : std::initializer_list<QObject*>{ui->txtKeyID, ui->txtKeyway,
                                                           ui->cmbDepartment, ui->txtDescription})
         field->installEventFilter(this);
 }
 
-/// Holds the description to the length that is kept.
+/// Holds the description to the length that is kept: what is too much is refused where it came in.
 void frmMain::HoldDescription() {
-    const QString text = ui->txtDescription->toPlainText();
-    if (text.size() <= kDescriptionLength)
+    const auto excess = ui->txtDescription->toPlainText().size() - kDescriptionLength;
+    if (excess <= 0)
         return;
-    // Its own change by code is no further edit.
-    const QSignalBlocker blocker(ui->txtDescription);
-    ui->txtDescription->setPlainText(text.left(kDescriptionLength));
-    ui->txtDescription->moveCursor(QTextCursor::End);
+    QTextCursor cursor(ui->txtDescription->document());
+    cursor.joinPreviousEditBlock();
+    cursor.setPosition(
+        std::min(m_insertionEnd, ui->txtDescription->document()->characterCount() - 1));
+    cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, static_cast<int>(excess));
+    cursor.removeSelectedText();
+    cursor.endEditBlock();
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
@@ -287,22 +283,55 @@ void frmMain::RaiseCase(QObject* field) {
         ui->cmbDepartment->setEditText(ui->cmbDepartment->currentText().toUpper());
 }
 
-/// False when the record is refused.
+KeyRecordText frmMain::ScreenText() const {
+    return {ui->txtKeyID->text(), ui->txtKeyway->text(), ui->cmbDepartment->currentText(),
+            ui->txtDescription->toPlainText()};
+}
+
+/// Filling the boxes is no edit: what they then hold is what later text is compared with.
+void frmMain::ShowText(const KeyRecordText& text) {
+    ui->txtDescription->setPlainText(text.description);
+    ui->cmbDepartment->setCurrentText(text.department);
+    ui->txtKeyID->setText(text.keyID);
+    ui->txtKeyway->setText(text.keyway);
+    m_record.ShownAs(ScreenText());
+}
+
+/// Saves what was typed, if anything was. False when it is refused, or when it is not to be stored
+/// and the user will not lose it.
 bool frmMain::SavePending(int leastLabel) {
-    if (!m_record.PageDirty() || ui->txtKeyID->text().size() < leastLabel)
+    KeyRecordText screen = ScreenText();
+    if (!m_record.IsEdited(screen))
         return true;
+    if (screen.keyID.size() < leastLabel)
+        return MayDropRecord(leastLabel);
     const BusyPointer busy;
-    KeyRecordText screen{ui->txtKeyID->text(), ui->txtKeyway->text(),
-                         ui->cmbDepartment->currentText(), ui->txtDescription->toPlainText()};
     const bool accepted = m_record.SaveKeyRecord(screen);
-    // What holds now is shown; it is no edit of the user's.
-    const bool stillDirty = m_record.PageDirty();
-    ui->txtKeyID->setText(screen.keyID);
-    ui->cmbDepartment->setCurrentText(screen.department);
-    LoadDepartmentList();
-    if (!stillDirty)
-        m_record.Forget();
+    if (accepted) {
+        ShowText(screen);
+        LoadDepartmentList();
+    } else {
+        ui->txtKeyID->setText(screen.keyID);
+    }
     return accepted;
+}
+
+/// Asks before text is dropped that has no Key ID to be stored under.
+bool frmMain::MayDropRecord(int leastLabel) {
+    const QString reason =
+        leastLabel == 1 || ui->txtKeyID->text().isEmpty()
+            ? tr("A key needs a Key ID to be stored; a blank takes the one it has away.")
+            : tr("A Key ID of one character is stored by a click on another key of the page.");
+    return m_session.boxes.ConfirmsLoss(tr("What you have typed is not saved: %1\n\n%2\n\nLeave "
+                                           "it without saving?")
+                                            .arg(m_record.Subject(), reason),
+                                        m_session.ProgramTitle);
+}
+
+/// As `SavePending`, for a way on that a refusal does not bar: the user has been told of it, and
+/// nothing else that was typed is lost.
+bool frmMain::MayMoveOn(int leastLabel) {
+    return SavePending(leastLabel) || !m_record.IsEdited(ScreenText());
 }
 
 void frmMain::AddShortcuts() {
@@ -321,7 +350,19 @@ void frmMain::AddShortcuts() {
 }
 
 bool frmMain::Unloading() {
-    return SavePending(1);
+    return SaveOrDrop();
+}
+
+/// Saves before the form is left for good. Where the file fails the user may leave without.
+bool frmMain::SaveOrDrop() {
+    try {
+        return SavePending(1);
+    } catch (const DatabaseError& error) {
+        return m_session.boxes.ConfirmsLoss(
+            tr("%1\n\nWhat you have typed is not saved: %2.\n\nLeave it without saving?")
+                .arg(QString::fromUtf8(error.what()), m_record.Subject()),
+            m_session.ProgramTitle);
+    }
 }
 
 void frmMain::LoadForm() {
@@ -394,18 +435,22 @@ void frmMain::ShowSpecialCuts() {
 
 void frmMain::Activated() {
     const BusyPointer busy;
-    m_record.Forget();
-    m_page.LoadPageView(); // Other windows and workstations may have changed its records.
     m_cellIconSize = 0;
     ui->picQV->ShowLogo(m_session.Company.CompanyLogo);
     ui->lblSysid->setText(QString::number(m_session.ActiveSystemNumber));
-    SelectCell(m_selectedCell, false);
-    ShowPageNumber();
-    if (m_session.CurrentPage > 0)
-        ui->scrlPage->setValue(m_session.CurrentPage);
-    LoadDepartmentList();
+    Reload();
     SetCompactLayout();
     ClickPicture1();
+}
+
+/// Shows the page and the record as they are stored: other windows and workstations may have
+/// changed them.
+void frmMain::Reload() {
+    m_page.LoadPageView();
+    m_page.LoadingPage = false;
+    StayOnPage();
+    LoadDepartmentList();
+    SelectCell(m_selectedCell, Manner::Again);
 }
 
 void frmMain::LoadDepartmentList() {
@@ -444,6 +489,14 @@ std::array<frmMain::LevelLabels, kLevels> frmMain::Levels() const {
              {ui->lblColumnMaster, ui->lblColumnMasterID, ui->lblColumnMasterDesc}}};
 }
 
+/// Shows the legend under the masters, both of which scroll where there is no room for them.
+void frmMain::ToggleLegend() {
+    ui->frmLegend->setVisible(!ui->frmLegend->isVisible());
+    ui->layLevels->activate();
+    if (ui->frmLegend->isVisible())
+        QTimer::singleShot(0, this, [this] { ui->scrLevels->ensureWidgetVisible(ui->frmLegend); });
+}
+
 /// Leaves the icon size of the other layout; the click on `Picture1` sets the final one.
 void frmMain::SetCompactLayout() {
     ui->grdPage->SetLayout(PageLayout::Compact);
@@ -464,14 +517,15 @@ void frmMain::ClickPicture1() {
     m_cellIconSize = wanted;
     ui->Picture1_0->setVisible(wanted == 0);
     ui->Picture1_1->setVisible(wanted == 1);
-    SelectCell(m_selectedCell, false);
+    if (MayMoveOn(1))
+        SelectCell(m_selectedCell, Manner::Again);
 }
 
 void frmMain::ShowPageNumber() {
     ui->lblCurrentPage->setText(QString::number(m_session.CurrentPage));
 }
 
-/// Takes the bar and the number back to the page that is still shown.
+/// Sets the bar and the number to the page that is shown.
 void frmMain::StayOnPage() {
     const QSignalBlocker blocker(ui->scrlPage);
     m_session.CurrentPage = m_page.LoadedPage();
@@ -479,49 +533,56 @@ void frmMain::StayOnPage() {
     ShowPageNumber();
 }
 
-void frmMain::TurnPage(int page) {
-    m_session.IdleTickCounter = 0;
-    const BusyPointer busy;
+/// Reads a page. What fails leaves the one that is shown, with its number.
+void frmMain::ShowPage(int page) {
     try {
-        SavePending(kLabelToLeavePage);
+        m_session.CurrentPage = page;
+        m_page.LoadPageView();
+        m_record.StopRepeating();
     } catch (...) {
         StayOnPage();
         throw;
     }
-    m_session.CurrentPage = page;
-    ShowPageNumber();
-    m_page.LoadPageView();
-    m_record.Forget();
-    m_record.StopRepeating();
+    StayOnPage();
+}
+
+void frmMain::TurnPage(int page) {
+    m_session.IdleTickCounter = 0;
+    const BusyPointer busy;
+    // Until the page is read, the number and the bar are those of the page that is shown.
+    StayOnPage();
+    if (!MayMoveOn(kLabelToLeavePage))
+        return;
+    ShowPage(page);
     // Whoever turns pages at the bar goes on turning.
     const bool atBar = ui->scrlPage->hasFocus();
-    ClickCell(m_selectedCell);
+    m_page.LoadingPage = false;
+    SelectCell(m_selectedCell, Manner::PageTurned);
     if (atBar)
         ui->scrlPage->setFocus();
 }
 
 void frmMain::ClickCell(int cell) {
-    const bool justLoaded = std::exchange(m_page.LoadingPage, false);
-    SelectCell(cell, !justLoaded);
+    if (!m_session.SessionPermissions.AlterKeyInformation || MayMoveOn(1))
+        SelectCell(cell,
+                   std::exchange(m_page.LoadingPage, false) ? Manner::PageTurned : Manner::Clicked);
 }
 
-void frmMain::SelectCell(int cell, bool warn) {
+/// Shows a cell's record in place of the one that is shown, whatever the boxes hold.
+void frmMain::SelectCell(int cell, Manner manner) {
     const BusyPointer busy;
-    if (!m_session.SessionPermissions.AlterKeyInformation)
-        m_record.Forget();
-    SavePending(1);
-    m_page.LoadingPage = false;
     m_selectedCell = cell;
     const KeySelection selection =
         SelectKey(m_page, cell, m_session.SessionPermissions.ReadPrintPinning);
-    ShowRecord(selection);
-    m_record.Open(cell, !warn);
+    ShowText(m_record.Open(cell, manner != Manner::PageTurned));
+    ui->lblSerial->setText(selection.serial);
+    ui->lblDate->setText(selection.dateText);
+    ui->lblCuts->setText(selection.cuts);
     ShowLevels(selection);
     PaintCells(selection);
-    RepeatLastRecord();
     ui->txtKeyID->setFocus();
     ui->lists->ClearKey();
-    if (!warn)
+    if (manner != Manner::Clicked)
         return;
     if (selection.notRecommended)
         m_session.boxes.Message(tr("This Pattern is Not Recomended for use due to Safety Factor "
@@ -530,22 +591,10 @@ void frmMain::SelectCell(int cell, bool warn) {
     ui->txtKeyway->setSelection(0, 12);
 }
 
-/// Offers what was saved last to a key that has no Key ID yet, so that keys of one kind are named
-/// one after the other.
-void frmMain::RepeatLastRecord() {
-    if (!m_record.RepeatsLastRecord())
-        return;
-    const KeyRecordText& last = m_record.LastRecord();
-    ui->txtKeyway->setText(last.keyway);
-    ui->txtDescription->setPlainText(RightTrimmed(last.description));
-    ui->cmbDepartment->setCurrentText(last.department);
-    m_record.Forget();
-}
-
 void frmMain::ShowPinning() {
     const BusyPointer busy;
-    SavePending(kLabelToLeavePage);
-    m_record.Forget();
+    if (!MayMoveOn(kLabelToLeavePage))
+        return;
     const PageCell& cell = m_page.Cell(m_selectedCell);
     const auto mark = static_cast<std::size_t>(m_page.System().PinCount);
     if (cell.IsBlank())
@@ -576,16 +625,6 @@ PinningRequest frmMain::SelectedKey() const {
     if (system.SystemIsIC)
         request.control = system.SpecialCuts;
     return request;
-}
-
-void frmMain::ShowRecord(const KeySelection& selection) {
-    ui->txtDescription->setPlainText(selection.description);
-    ui->cmbDepartment->setCurrentText(RightTrimmed(selection.department));
-    ui->txtKeyID->setText(selection.keyID);
-    ui->txtKeyway->setText(RightTrimmed(selection.keyway));
-    ui->lblSerial->setText(selection.serial);
-    ui->lblDate->setText(selection.dateText);
-    ui->lblCuts->setText(selection.cuts);
 }
 
 void frmMain::ShowLevels(const KeySelection& selection) {

@@ -38,6 +38,7 @@ public:
 
 protected:
     void Activated() override;
+    void Reload() override;
     bool Unloading() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -52,6 +53,10 @@ signals:
     void LogoffWanted();
 
 private:
+    /// How a key comes to be selected: by the user, who is warned of it; because its page has just
+    /// been read; or again, as it was.
+    enum class Manner { Clicked, PageTurned, Again };
+
     struct LevelLabels {
         QLabel *caption, *id, *description;
     };
@@ -77,12 +82,16 @@ private:
     void HoldDescription();
     void SelectWhole(QObject* field);
     void RaiseCase(QObject* field);
+    KeyRecordText ScreenText() const;
+    void ShowText(const KeyRecordText& text);
     bool SavePending(int leastLabel);
+    bool MayDropRecord(int leastLabel);
+    bool MayMoveOn(int leastLabel);
+    bool SaveOrDrop();
     void AskFor(const QString& formName, const QString& subject = {});
     void LeaveSystem(const QString& formName);
     bool MayLeaveFor(const char* formName);
     void BringUp(int page, int cell);
-    void RepeatLastRecord();
     void ShowPinning();
     PinningRequest SelectedKey() const;
     void AddShortcuts();
@@ -90,11 +99,12 @@ private:
     void SetCompactLayout();
     void SetLargeLayout();
     void ClickPicture1();
+    void ShowPage(int page);
+    void ToggleLegend();
     void TurnPage(int page);
     void StayOnPage();
     void ShowPageNumber();
-    void SelectCell(int cell, bool warn);
-    void ShowRecord(const KeySelection& selection);
+    void SelectCell(int cell, Manner manner);
     void ShowLevels(const KeySelection& selection);
     void PaintCells(const KeySelection& selection);
     std::array<LevelLabels, kLevels> Levels() const;
@@ -103,6 +113,7 @@ private:
     PageView m_page;
     KeyRecord m_record;
     int m_selectedCell = 0;
+    int m_insertionEnd = 0;  ///< in the description: where the text that came last ends
     int m_cellIconSize = 0;  ///< 0 compact, 1 large
     QSet<QString> m_offered; ///< names of the forms that can be asked for
     QTimer m_timer1{this};   ///< counts idle time

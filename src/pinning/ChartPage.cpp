@@ -8,6 +8,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QTextOption>
 
 #include <stdexcept>
 
@@ -16,7 +17,9 @@ namespace quorrel {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr double kHeading = 78; ///< points that a line's heading takes
+constexpr double kHeading = 92;       ///< points that a line's heading takes
+constexpr double kLeastDrawing = 220; ///< points that the drawing has at least
+constexpr double kMostDrawing = 400;
 
 QString tr(const char* text) {
     return QCoreApplication::translate("ChartPage", text);
@@ -25,50 +28,51 @@ QString tr(const char* text) {
 /// One page that is written from the top down, measured in points.
 class Page {
 public:
-    explicit Page(QPainter& painter)
-        : m_painter(painter), m_points(painter.device()->logicalDpiX() / kPointsPerInch),
-          m_width(painter.device()->width() / m_points),
-          m_height(painter.device()->height() / m_points) {
-        painter.scale(m_points, m_points);
-    }
+    /// One that is only measured paints nothing.
+    Page(QPainter& painter, double width, bool measured)
+        : m_painter(painter), m_width(width), m_measured(measured) {}
+
+    /// What has been written so far takes so much of the page.
+    double Used() const { return m_at; }
 
     void Line(const QString& text, int size, bool bold) {
         SetFont(size, bold);
-        Put({0, m_at, m_width, m_height - m_at}, Qt::AlignLeft | Qt::TextWordWrap, text);
-        m_at += Height({0, 0, m_width, m_height}, Qt::TextWordWrap, text) + 3;
+        m_at += Put({0, m_at, m_width, 0}, text) + 3;
     }
 
     /// A heading and its text, which may take several lines.
-    void Field(const QString& heading, const QString& text) {
-        SetFont(10, true);
-        Put({0, m_at, kHeading, 14}, Qt::AlignLeft, heading);
-        SetFont(10, false);
-        const QRectF room(kHeading, m_at, m_width - kHeading, m_height - m_at);
-        Put(room, Qt::AlignLeft | Qt::TextWordWrap, text);
-        m_at += std::max(14.0, Height(room, Qt::TextWordWrap, text)) + 1;
+    void Field(const QString& heading, const QString& text, int size = 10) {
+        SetFont(size, true);
+        const double height = Put({0, m_at, kHeading, 0}, heading);
+        SetFont(size, size > 10);
+        m_at += std::max(height, Put({kHeading, m_at, m_width - kHeading, 0}, text)) + 2;
     }
 
     /// A heading and figures in columns.
-    void Row(const QString& heading, const QStringList& figures, bool bold) {
+    void Row(const QString& heading, const QStringList& figures, int size, bool bold) {
+        const double height = size * 1.5;
         SetFont(10, bold);
-        Put({0, m_at, kHeading, 15}, Qt::AlignLeft | Qt::AlignVCenter, heading);
+        Centre({0, m_at, kHeading, height}, Qt::AlignLeft, heading);
+        SetFont(size, bold);
         const double column =
-            std::min(56.0, (m_width - kHeading) / std::max(1, static_cast<int>(figures.size())));
+            std::min(60.0, (m_width - kHeading) / std::max(1, static_cast<int>(figures.size())));
         for (qsizetype at = 0; at < figures.size(); ++at)
-            Put({kHeading + column * static_cast<double>(at), m_at, column, 15}, Qt::AlignCenter,
-                figures[at]);
-        m_at += 15;
+            Centre({kHeading + column * static_cast<double>(at), m_at, column, height},
+                   Qt::AlignHCenter, figures[at]);
+        m_at += height;
     }
 
     void Rule() {
         m_painter.setPen(QPen(Qt::black, 0.5));
-        m_painter.drawLine(QPointF(0, m_at + 2), QPointF(m_width, m_at + 2));
+        if (!m_measured)
+            m_painter.drawLine(QPointF(0, m_at + 2), QPointF(m_width, m_at + 2));
         m_at += 8;
     }
 
-    void Drawing(const PinningChart& chart, double height) {
+    void Drawing(const Cylinder& cylinder, double height) {
         SetFont(8, false);
-        PaintCylinder(m_painter, {0, m_at, m_width, height}, chart, PaperLook());
+        if (!m_measured)
+            PaintCylinder(m_painter, {0, m_at, m_width, height}, cylinder, PaperLook());
         m_at += height + 6;
     }
 
@@ -81,42 +85,29 @@ private:
         m_painter.setFont(font);
         m_painter.setPen(Qt::black);
     }
-    void Put(const QRectF& room, int flags, const QString& text) {
-        m_painter.drawText(room, flags, text);
+
+    /// Writes a text in as many lines as it takes and gives their height.
+    double Put(QRectF room, const QString& text) {
+        // A word that is longer than the line is broken too: nothing runs off the paper.
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        room.setHeight(1e6);
+        room.setHeight(m_painter.boundingRect(room, text, option).height());
+        if (!m_measured)
+            m_painter.drawText(room, text, option);
+        return room.height();
     }
-    double Height(const QRectF& room, int flags, const QString& text) const {
-        return m_painter.boundingRect(room, flags, text).height();
+
+    void Centre(const QRectF& room, Qt::AlignmentFlag alignment, const QString& text) {
+        if (!m_measured)
+            m_painter.drawText(room, alignment | Qt::AlignVCenter, text);
     }
 
     QPainter& m_painter;
-    double m_points; ///< device units in a point
-    double m_width, m_height;
+    double m_width;
+    bool m_measured;
     double m_at = 0;
 };
-
-void WritePins(Page& page, const PinningChart& chart) {
-    QStringList numbers, driver, control, top, topSize, bottom, bottomSize;
-    for (const ChartChamber& chamber : chart.chambers) {
-        numbers += QString::number(numbers.size() + 1);
-        top += QString::number(chamber.pins.master);
-        topSize += chamber.masterSize;
-        bottom += QString::number(chamber.pins.bottom);
-        bottomSize += chamber.bottomSize;
-        if (chamber.pins.control) {
-            driver += PinFigure(*chamber.pins.driver);
-            control += PinFigure(*chamber.pins.control);
-        }
-    }
-    page.Row(tr("Chamber"), numbers, true);
-    if (chart.request.IsCore()) {
-        page.Row(tr("Driver Pins"), driver, false);
-        page.Row(tr("Control Pins"), control, false);
-    }
-    page.Row(tr("Top Pins"), top, false);
-    page.Row(tr("   Size"), topSize, false);
-    page.Row(tr("Bottom Pins"), bottom, false);
-    page.Row(tr("   Size"), bottomSize, false);
-}
 
 void WriteTallPins(Page& page, const PinningChart& chart) {
     QStringList steps, sizes;
@@ -124,41 +115,72 @@ void WriteTallPins(Page& page, const PinningChart& chart) {
         steps += QString::number(step);
         sizes += chart.tallPins[static_cast<std::size_t>(step - 10)];
     }
-    page.Row(tr("Tall pins"), steps, true);
-    page.Row(tr("   Size"), sizes, false);
+    page.Row(tr("Tall Pins"), steps, 10, true);
+    page.Row(tr("   Size"), sizes, 10, false);
     page.Line(QLatin1String(kPinLetters), 8, false);
 }
 
+struct Sheet {
+    const PinningChart& chart;
+    const QString& title;
+    const QDate& date;
+};
+
+void WriteSheet(Page& page, const Sheet& sheet, double drawing) {
+    const PinningRequest& key = sheet.chart.request;
+    page.Line(sheet.title, 15, true);
+    page.Line(tr("Pinning Chart for %1").arg(key.system), 12, true);
+    page.Line(sheet.date.toString(Qt::ISODate), 10, false);
+    page.Rule();
+    page.Field(tr("Key ID"), key.keyID, 14);
+    page.Field(tr("Key Cuts"), QString::fromStdString(key.key), 14);
+    if (key.IsCore())
+        page.Field(tr("Control Key"), QString::fromStdString(key.control));
+    page.Field(tr("KeyWay"), key.keyway);
+    page.Field(tr("Address"), key.address);
+    page.Field(tr("Lock Brand"), key.lockBrand);
+    page.Field(tr("Department"), key.department);
+    page.Field(tr("Description"), key.description);
+    page.Rule();
+    for (const ChartLine& line : ChartLines(sheet.chart))
+        page.Row(line.sizes ? QStringLiteral("   ") + line.heading : line.heading, line.figures,
+                 line.sizes ? 10 : 14, !line.sizes);
+    page.Rule();
+    page.Drawing(sheet.chart.cylinder, drawing);
+    for (const QString& warning : ChartWarnings(sheet.chart))
+        page.Line(warning, 10, true);
+    for (const QString& note : ChartNotes(sheet.chart))
+        page.Line(note, 10, false);
+    if (key.IsCore())
+        WriteTallPins(page, sheet.chart);
+}
+
 } // namespace
+
+void PaintChartPage(QPainter& painter, const QSizeF& size, const PinningChart& chart,
+                    const QString& title, const QDate& date) {
+    const Sheet sheet{chart, title, date};
+    Page measured(painter, size.width(), true);
+    WriteSheet(measured, sheet, 0);
+    // The drawing gets what the words leave; where that is too little, all of it is made smaller.
+    const double left = size.height() - measured.Used();
+    const double drawing = std::clamp(left, kLeastDrawing, kMostDrawing);
+    const double scale = std::min(1.0, size.height() / (measured.Used() + drawing));
+    painter.save();
+    painter.scale(scale, scale);
+    Page page(painter, size.width() / scale, false);
+    WriteSheet(page, sheet, drawing);
+    painter.restore();
+}
 
 void PrintChartPage(QPagedPaintDevice& device, const PinningChart& chart, const QString& title,
                     const QDate& date) {
     QPainter painter;
     if (!painter.begin(&device))
         throw std::runtime_error(tr("The page cannot be printed there.").toStdString());
-    Page page(painter);
-    const PinningRequest& key = chart.request;
-    page.Line(title, 15, true);
-    page.Line(tr("Pinning Chart for %1").arg(key.system), 12, true);
-    page.Line(date.toString(Qt::ISODate), 10, false);
-    page.Rule();
-    page.Field(tr("Address"), key.address);
-    page.Field(tr("Lock Brand"), key.lockBrand);
-    page.Field(tr("Key ID"), key.keyID);
-    page.Field(tr("Key Cuts"), QString::fromStdString(key.key));
-    if (key.IsCore())
-        page.Field(tr("Control Key"), QString::fromStdString(key.control));
-    page.Field(tr("KeyWay"), key.keyway);
-    page.Field(tr("Department"), key.department);
-    page.Field(tr("Description"), key.description);
-    page.Rule();
-    WritePins(page, chart);
-    page.Rule();
-    page.Drawing(chart, 250);
-    for (const QString& flaw : DescribeFlaws(chart))
-        page.Line(flaw, 10, true);
-    if (key.IsCore())
-        WriteTallPins(page, chart);
+    const double points = device.logicalDpiX() / kPointsPerInch;
+    painter.scale(points, points);
+    PaintChartPage(painter, QSizeF(device.width(), device.height()) / points, chart, title, date);
 }
 
 void PrintChartToFile(const QString& path, const PinningChart& chart, const QString& title,

@@ -5,8 +5,15 @@
 #include <QDate>
 
 class QPagedPaintDevice;
+class QPainter;
+class QSizeF;
 
 namespace quorrel {
+
+/// Paints a pinning chart with its drawing, black on white, from the origin on. It is made as small
+/// as it must be to keep within `size`; both are points.
+void PaintChartPage(QPainter& painter, const QSizeF& size, const PinningChart& chart,
+                    const QString& title, const QDate& date);
 
 /// Prints a pinning chart with its drawing on one page, black on white. Throws
 /// `std::runtime_error` when the device takes no page.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pinning/PinningChart.h"
+#include "engine/PinStack.h"
 
 #include <QWidget>
 
@@ -13,16 +13,16 @@ class CylinderDrawing : public QWidget {
 public:
     explicit CylinderDrawing(QWidget* parent = nullptr);
 
-    void SetChart(const PinningChart& chart);
+    void SetCylinder(const Cylinder& cylinder);
 
-    QSize sizeHint() const override { return {600, 400}; }
-    QSize minimumSizeHint() const override { return {420, 280}; }
+    QSize sizeHint() const override { return {680, 500}; }
+    QSize minimumSizeHint() const override { return {420, 310}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    PinningChart m_chart;
+    Cylinder m_cylinder;
 };
 
 } // namespace quorrel

@@ -28,16 +28,24 @@ QStringList ListLockBrands(Session& session);
 /// sizes is added. True when one was added.
 bool LearnLockBrand(Session& session, const QString& typed);
 
-/// The pin sizes of the brand of exactly this name, without regard to case.
+/// The brand of exactly this name, without regard to case and to blanks on the right; nothing for
+/// an empty name.
+std::optional<ManufacturerRow> FindLockBrand(Session& session, const QString& brand);
+
+/// As `FindLockBrand`; an unknown brand is added with a blank for every size. Throws
+/// `std::invalid_argument` for an empty name.
+ManufacturerRow FindOrAddLockBrand(Session& session, const QString& brand);
+
+PinSizes SizesOf(ManufacturerRow brand);
+
+/// The pin sizes of the brand that `FindLockBrand` finds.
 std::optional<PinSizes> FindPinSizes(Session& session, const QString& brand);
 
-/// As `FindPinSizes`; an unknown brand is added with a blank for every size.
-PinSizes FindOrAddPinSizes(Session& session, const QString& brand);
+/// Stores the sizes of a brand that was shown, each cut to `kPinSizeLength`. Sizes that were not
+/// changed stay as they are stored by now. Throws `ChangedElsewhere`.
+void SavePinSizes(Session& session, const ManufacturerRow& shown, const PinSizes& sizes);
 
-/// Stores the sizes of a known brand, each cut to `kPinSizeLength`. False when there is none.
-bool SavePinSizes(Session& session, const QString& brand, const PinSizes& sizes);
-
-/// False when there is no brand of this name.
-bool DeleteLockBrand(Session& session, const QString& brand);
+/// Throws `ChangedElsewhere` when the brand is not as it was shown any more.
+void DeleteLockBrand(Session& session, const ManufacturerRow& shown);
 
 } // namespace quorrel

@@ -1,23 +1,43 @@
 #include "pinning/PinningChart.h"
 
+#include "engine/SystemDefinition.h"
 #include "pinning/PinSizes.h"
+#include "pinning/PinText.h"
 #include "platform/Text.h"
 
-#include <QStringList>
+#include <stdexcept>
 
 namespace quorrel {
 
 namespace {
 
+constexpr const char* kMasterLevelWarning =
+    " This Key is a Master Level Key! You should not key a cylinder to this Pattern!";
+
 int Digit(const std::string& cuts, std::size_t place) {
     return cuts.at(place) - '0';
 }
 
-PinStack StackAt(const PinningRequest& request, std::size_t chamber) {
-    const int key = Digit(request.key, chamber);
-    const int master = Digit(request.master, chamber);
-    return request.IsCore() ? CoreStackOf(key, master, Digit(request.control, chamber))
-                            : StackOf(key, master);
+/// What a broken file holds must not come to be a pin.
+void CheckCuts(const PinningRequest& request) {
+    const auto chambers = static_cast<int>(request.key.size());
+    if (!IsDigits(request.key, chambers) || !IsDigits(request.master, chambers) ||
+        (request.IsCore() && !IsDigits(request.control, chambers)))
+        throw std::runtime_error("The cuts of this key, of the master key or of the control key "
+                                 "cannot be read, so the cylinder cannot be worked out. The key "
+                                 "file may be damaged.");
+}
+
+Cylinder CylinderFor(const PinningRequest& request) {
+    Cylinder cylinder{request.key, {}, request.IsCore()};
+    for (std::size_t chamber = 0; chamber < request.key.size(); ++chamber) {
+        const int key = Digit(request.key, chamber);
+        const int master = Digit(request.master, chamber);
+        cylinder.stacks.push_back(request.IsCore()
+                                      ? CoreStackOf(key, master, Digit(request.control, chamber))
+                                      : StackOf(key, master));
+    }
+    return cylinder;
 }
 
 /// A blank, the point and three decimals, for what is less than 1.
@@ -25,23 +45,30 @@ QString TallSize(double size) {
     return Left(Str(size) + QStringLiteral("000"), 5);
 }
 
-QString DescribeFlaw(PinFlaw flaw) {
-    switch (flaw) {
-    case PinFlaw::NoMasterPin:
-        return QStringLiteral("no master pin, the key shares the cut of the master key");
-    case PinFlaw::NoDriverPin:
-        return QStringLiteral("the driver pin is less than one step");
-    case PinFlaw::NoControlPin:
-        return QStringLiteral("the control pin is less than 0");
+/// What the chart has to say of sizes that it does not show.
+QString SizesNote(const PinningChart& chart) {
+    std::size_t pins = 0;
+    std::size_t missing = 0;
+    for (std::size_t chamber = 0; chamber < chart.sizes.size(); ++chamber) {
+        const ChamberSizes& sizes = chart.sizes[chamber];
+        const bool hasMaster = !chart.cylinder.stacks[chamber].wafers.empty();
+        pins += hasMaster ? 2 : 1;
+        missing += sizes.bottom.isEmpty() ? 1 : 0;
+        missing += hasMaster && sizes.master.isEmpty() ? 1 : 0;
     }
-    return {};
+    if (missing == 0)
+        return {};
+    const QString brand = chart.request.lockBrand.trimmed();
+    if (brand.isEmpty())
+        return QStringLiteral("No pin sizes: this system has no lock brand.");
+    return (missing < pins ? QStringLiteral("The lock brand %1 lacks the sizes of some of these "
+                                            "pins. They can be entered under Pin Sizes.")
+                           : QStringLiteral("The lock brand %1 has no pin sizes. They can be "
+                                            "entered under Pin Sizes."))
+        .arg(brand);
 }
 
 } // namespace
-
-QString PinFigure(int steps) {
-    return QString(QLatin1Char(PinCharacter(steps)));
-}
 
 bool IsMasterLevel(const PinningRequest& request) {
     for (std::size_t chamber = 0; chamber < request.key.size(); ++chamber)
@@ -69,27 +96,24 @@ std::array<QString, 10> TallPins(const std::array<QString, 10>& topSizes) {
 }
 
 PinningChart MakePinningChart(Session& session, const PinningRequest& request) {
-    PinningChart chart;
-    chart.request = request;
+    CheckCuts(request);
+    PinningChart chart{request, CylinderFor(request), {}, {}};
     const PinSizes sizes = FindPinSizes(session, request.lockBrand).value_or(PinSizes());
-    for (std::size_t chamber = 0; chamber < request.key.size(); ++chamber) {
-        const PinStack pins = StackAt(request, chamber);
-        chart.chambers.push_back({pins,
-                                  sizes.bottom.at(static_cast<std::size_t>(pins.bottom)).trimmed(),
-                                  sizes.top.at(static_cast<std::size_t>(pins.master)).trimmed()});
-    }
+    for (const PinStack& stack : chart.cylinder.stacks)
+        chart.sizes.push_back({sizes.bottom.at(static_cast<std::size_t>(stack.bottom)).trimmed(),
+                               sizes.top.at(static_cast<std::size_t>(stack.Master())).trimmed()});
     if (request.IsCore())
         chart.tallPins = TallPins(sizes.top);
     return chart;
 }
 
 std::optional<PinningChart> LoadPinningChart(Session& session, const PinningRequest& request) {
+    CheckCuts(request);
     Boxes& boxes = session.boxes;
     const bool asked = IsMasterLevel(request);
     if (asked)
-        boxes.Message(QStringLiteral(" This Key is a Master Level Key! You should not key a "
-                                     "cylinder to this Pattern!"),
-                      session.ProgramTitle, BoxButtons::OkCancel, BoxIcon::Question);
+        boxes.Message(QLatin1String(kMasterLevelWarning), session.ProgramTitle,
+                      BoxButtons::OkCancel, BoxIcon::Question);
     if (boxes.LastAnswer() == BoxAnswer::Cancel) {
         // A Cancel from before would come as a surprise. This message ends it.
         if (!asked)
@@ -101,33 +125,50 @@ std::optional<PinningChart> LoadPinningChart(Session& session, const PinningRequ
     return MakePinningChart(session, request);
 }
 
-QStringList DescribeCylinder(const PinningChart& chart) {
-    QStringList lines = {QStringLiteral("Cylinder of %1 chambers with the key %2 in it")
-                             .arg(chart.chambers.size())
-                             .arg(QString::fromStdString(chart.request.key))};
-    for (std::size_t at = 0; at < chart.chambers.size(); ++at) {
-        const PinStack& pins = chart.chambers[at].pins;
-        QString line = QStringLiteral("Chamber %1: cut %2, bottom pin %3, master pin %4")
-                           .arg(at + 1)
-                           .arg(QLatin1Char(chart.request.key[at]))
-                           .arg(pins.bottom)
-                           .arg(pins.master);
-        if (pins.control)
-            line += QStringLiteral(", control pin %1, driver pin %2")
-                        .arg(*pins.control)
-                        .arg(*pins.driver);
-        for (const PinFlaw flaw : FlawsOf(pins))
-            line += QStringLiteral("; ") + DescribeFlaw(flaw);
-        lines += line;
+std::vector<ChartLine> ChartLines(const PinningChart& chart) {
+    QStringList numbers, driver, control, master, masterSizes, bottom, bottomSizes;
+    for (const PinStack& stack : chart.cylinder.stacks) {
+        numbers += QString::number(numbers.size() + 1);
+        driver += PinFigure(stack.driver.value_or(0));
+        control += PinFigure(stack.control.value_or(0));
+        master += QString::number(stack.Master());
+        bottom += QString::number(stack.bottom);
     }
+    for (const ChamberSizes& sizes : chart.sizes) {
+        masterSizes += sizes.master;
+        bottomSizes += sizes.bottom;
+    }
+    const auto text = [](const char* heading) { return QLatin1String(heading); };
+    std::vector<ChartLine> lines = {{text("Chamber"), text("lblChamber"), false, numbers}};
+    if (chart.cylinder.core) {
+        lines.push_back({text("Driver Pins"), text("lblDrivePins"), false, driver});
+        lines.push_back({text("Control Pins"), text("lblControlPins"), false, control});
+    }
+    lines.push_back({text("Master Pins"), text("lblTopPins"), false, master});
+    lines.push_back({text("Size"), text("lblTop"), true, masterSizes});
+    lines.push_back({text("Bottom Pins"), text("lblBottomPins"), false, bottom});
+    lines.push_back({text("Size"), text("lblBot"), true, bottomSizes});
     return lines;
 }
 
-QStringList DescribeFlaws(const PinningChart& chart) {
+QString ControlKeyWarning() {
+    return QStringLiteral("This key has the cuts of the control key: whoever holds it can draw "
+                          "every core of the system.");
+}
+
+QStringList ChartWarnings(const PinningChart& chart) {
     QStringList lines;
-    for (std::size_t at = 0; at < chart.chambers.size(); ++at)
-        for (const PinFlaw flaw : FlawsOf(chart.chambers[at].pins))
-            lines += QStringLiteral("Chamber %1: %2").arg(at + 1).arg(DescribeFlaw(flaw));
+    if (IsControlKeysCuts(chart.request.key, chart.request.control))
+        lines += ControlKeyWarning();
+    if (IsMasterLevel(chart.request))
+        lines += QLatin1String(kMasterLevelWarning).trimmed();
+    return lines + DescribeFlaws(chart.cylinder);
+}
+
+QStringList ChartNotes(const PinningChart& chart) {
+    QStringList lines = DescribeNotes(chart.cylinder);
+    if (const QString note = SizesNote(chart); !note.isEmpty())
+        lines += note;
     return lines;
 }
 

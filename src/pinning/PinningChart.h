@@ -3,6 +3,8 @@
 #include "engine/PinStack.h"
 #include "store/Session.h"
 
+#include <QStringList>
+
 #include <array>
 #include <optional>
 #include <string>
@@ -25,41 +27,53 @@ struct PinningRequest {
     bool IsCore() const { return !control.empty(); }
 };
 
-/// One chamber of the chart: its pins, and the sizes of those that the brand's table tells.
-struct ChartChamber {
-    PinStack pins;
-    QString bottomSize, masterSize;
+/// Sizes of a chamber's pins, as far as the brand's table tells them.
+struct ChamberSizes {
+    QString bottom, master;
 };
 
 /// How a cylinder is pinned for a key.
 struct PinningChart {
     PinningRequest request;
-    std::vector<ChartChamber> chambers; ///< from the bow of the key
+    Cylinder cylinder;
+    std::vector<ChamberSizes> sizes; ///< a chamber each
     /// Sizes of the stacked pins of 10 to 19 steps, for a core.
     std::array<QString, 10> tallPins;
 };
 
-/// Steps of a control or driver pin as the chart writes them.
-QString PinFigure(int steps);
+/// A line of the chart's table: a figure or a size a chamber.
+struct ChartLine {
+    QString heading;
+    QString name; ///< of the labels that show it
+    bool sizes = false;
+    QStringList figures;
+};
+
+/// The table from the top down, in the order in which the pins stand in the cylinder.
+std::vector<ChartLine> ChartLines(const PinningChart& chart);
 
 /// True when the key shares a cut with the master key, so that it is a master level key itself.
 bool IsMasterLevel(const PinningRequest& request);
 
-/// Works the chart out with the pin sizes of the lock brand; an unknown brand has none.
+/// Works the chart out with the pin sizes of the lock brand; an unknown brand has none. Throws
+/// `std::runtime_error` when the request's cuts are not a digit a chamber.
 PinningChart MakePinningChart(Session& session, const PinningRequest& request);
 
 /// Asks before a master level key gets a chart, and makes it. Nothing when the last message, this
-/// question or whichever came before it, was answered with Cancel.
+/// question or whichever came before it, was answered with Cancel. Throws as `MakePinningChart`.
 std::optional<PinningChart> LoadPinningChart(Session& session, const PinningRequest& request);
 
-/// Sizes of the stacks of 10 to 19 steps out of two or three top pins. `topSizes` are those of the
-/// brand, for 0 to 9 steps.
+/// Sizes of the stacks of 10 to 19 steps out of two or three master pins. `topSizes` are those of
+/// the brand, for 0 to 9 steps.
 std::array<QString, 10> TallPins(const std::array<QString, 10>& topSizes);
 
-/// What the drawing of the cylinder shows, in words, a chamber a line.
-QStringList DescribeCylinder(const PinningChart& chart);
+/// What is to be said before a key with the cuts of the control key is handed out.
+QString ControlKeyWarning();
 
-/// What cannot be made as the figures say, a flaw a line.
-QStringList DescribeFlaws(const PinningChart& chart);
+/// What speaks against pinning a cylinder so, a line each.
+QStringList ChartWarnings(const PinningChart& chart);
+
+/// What else is worth knowing, a line each: chambers of one cut, sizes that the brand lacks.
+QStringList ChartNotes(const PinningChart& chart);
 
 } // namespace quorrel

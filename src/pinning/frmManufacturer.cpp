@@ -1,9 +1,10 @@
 #include "pinning/frmManufacturer.h"
 
+#include "platform/Text.h"
 #include "ui_frmManufacturer.h"
 #include "widgets/HelpContexts.h"
 
-#include <QFocusEvent>
+#include <QKeyEvent>
 
 namespace quorrel {
 
@@ -16,13 +17,14 @@ frmManufacturer::frmManufacturer(Session& session, const QString& brand)
             findChild<QLineEdit*>(QStringLiteral("%1_%2")
                                       .arg(QLatin1String(box < 10 ? "txtBottom" : "txtTop"))
                                       .arg(box % 10));
+    OfferFoot();
     Guarded([&] {
         FillBrands(brand);
-        BrandChosen();
+        ShowBrand(FindLockBrand(m_session, brand));
     });
     WatchSizes();
-    ui->cmbLockBrand->installEventFilter(this);
-    On(ui->cmbLockBrand, &QComboBox::activated, [this] { BrandChosen(); });
+    OnLeaving(ui->cmbLockBrand, [this] { return BrandLeft(); });
+    On(ui->cmbLockBrand, &QComboBox::activated, [this] { BrandLeft(); });
     On(ui->cmdRecord, &QPushButton::clicked, [this] { Save(); });
     On(ui->Command1, &QPushButton::clicked, [this] { DeleteBrand(); });
     On(ui->cmdExit, &QPushButton::clicked, [this] { close(); });
@@ -39,12 +41,6 @@ void frmManufacturer::WatchSizes() {
 }
 
 bool frmManufacturer::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == ui->cmbLockBrand && event->type() == QEvent::FocusOut) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            Guarded([this] { BrandLeft(); });
-        return false;
-    }
     const auto box = std::find(m_sizes.begin(), m_sizes.end(), watched);
     if (box != m_sizes.end() && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
@@ -58,7 +54,7 @@ bool frmManufacturer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// A point that closes a size goes on to the next box; from the last bottom pin it has always
-/// gone to the top pin of cut 1.
+/// gone to the master pin of one step.
 void frmManufacturer::PointTyped(int box) {
     QLineEdit* field = m_sizes[static_cast<std::size_t>(box)];
     const QString text = field->text();
@@ -94,70 +90,74 @@ PinSizes frmManufacturer::TypedSizes() const {
     return sizes;
 }
 
-/// What was typed for the brand that is shown is not dropped without a word.
-void frmManufacturer::OfferToSave() {
-    const PinSizes typed = TypedSizes();
-    if (typed == m_shownSizes || m_shownBrand.trimmed().isEmpty() ||
-        !m_session.SessionPermissions.CreateSystem)
-        return;
-    m_shownSizes = typed;
-    if (m_session.boxes.Confirms(
-            tr("The pin sizes of %1 are not saved. Save them now?").arg(m_shownBrand),
-            m_session.ProgramTitle)) {
-        FindOrAddPinSizes(m_session, m_shownBrand);
-        SavePinSizes(m_session, m_shownBrand, typed);
-    }
+/// Brings up the sizes of a brand; none for no brand.
+void frmManufacturer::ShowBrand(const std::optional<ManufacturerRow>& brand) {
+    m_shown = brand;
+    ShowSizes(brand ? SizesOf(*brand) : PinSizes());
 }
 
-void frmManufacturer::BrandChosen() {
-    OfferToSave();
-    m_shownBrand = ui->cmbLockBrand->currentText();
-    ShowSizes(FindPinSizes(m_session, ui->cmbLockBrand->currentText()).value_or(PinSizes()));
+/// Brings up the brand whose name stands in its box, a new one included. False when the user
+/// stays with the brand that is shown, for what was typed for it.
+bool frmManufacturer::BrandLeft() {
+    const QString name = RightTrimmed(ui->cmbLockBrand->currentText());
+    if (name.isEmpty())
+        return true;
+    const auto known = FindLockBrand(m_session, name);
+    if (known && m_shown && known->key == m_shown->key)
+        return true; // What was typed for it stays.
+    if (!MayDrop()) {
+        FillBrands(m_shown->Name);
+        return false;
+    }
+    // Sizes that were typed before their brand are the new brand's.
+    const bool keep = !known && !m_shown;
+    m_shown = known ? *known : FindOrAddLockBrand(m_session, name);
+    if (!keep)
+        ShowSizes(SizesOf(*m_shown));
+    FillBrands(m_shown->Name);
+    return true;
 }
 
-void frmManufacturer::BrandLeft() {
-    const QString brand = ui->cmbLockBrand->currentText();
-    if (brand.trimmed().isEmpty())
-        return;
-    const bool known = FindPinSizes(m_session, brand).has_value();
-    if (!known) {
-        FindOrAddPinSizes(m_session, brand);
-        FillBrands(brand);
-    }
-    // What was typed for the brand that is shown stays.
-    if (brand.compare(m_shownBrand, Qt::CaseInsensitive) != 0)
-        BrandChosen();
+void frmManufacturer::Reload() {
+    const QString name = m_shown ? m_shown->Name : QString();
+    const auto brand = FindLockBrand(m_session, name);
+    FillBrands(brand ? brand->Name : QString());
+    ShowBrand(brand);
 }
 
 void frmManufacturer::Save() {
     if (!m_session.SessionPermissions.CreateSystem)
         return;
-    const QString brand = ui->cmbLockBrand->currentText();
-    const PinSizes typed = TypedSizes();
-    FindOrAddPinSizes(m_session, brand);
-    SavePinSizes(m_session, brand, typed);
-    m_shownSizes = typed;
-    BrandChosen();
+    if (!m_shown || RightTrimmed(ui->cmbLockBrand->currentText()).isEmpty()) {
+        m_session.boxes.Message(tr("Type the name of the lock brand that these sizes are of, or "
+                                   "choose one from the list."),
+                                m_session.ProgramTitle);
+        ui->cmbLockBrand->setFocus();
+        return;
+    }
+    SavePinSizes(m_session, *m_shown, TypedSizes());
+    Reload();
+    Tell(tr("The pin sizes of %1 are saved").arg(m_shown ? m_shown->Name : QString()));
 }
 
 void frmManufacturer::DeleteBrand() {
-    const QString brand = ui->cmbLockBrand->currentText();
-    if (!m_session.SessionPermissions.CreateSystem || !FindPinSizes(m_session, brand))
+    if (!m_session.SessionPermissions.CreateSystem || !m_shown)
         return;
-    if (!m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(brand),
+    const QString name = m_shown->Name;
+    if (!m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(name),
                                       m_session.ProgramTitle))
         return;
-    DeleteLockBrand(m_session, brand);
-    m_shownSizes = TypedSizes();
-    FillBrands({});
-    ui->cmbLockBrand->setCurrentIndex(0);
-    BrandChosen();
+    DeleteLockBrand(m_session, *m_shown);
+    const QString next = ListLockBrands(m_session).value(0);
+    FillBrands(next);
+    ShowBrand(FindLockBrand(m_session, next));
+    Tell(tr("%1 is deleted").arg(name));
 }
 
 QString frmManufacturer::Unsaved() const {
-    const bool differs = TypedSizes() != m_shownSizes && !m_shownBrand.trimmed().isEmpty();
+    const bool differs = m_shown && TypedSizes() != m_shownSizes;
     return differs && m_session.SessionPermissions.CreateSystem
-               ? tr("What you have typed for %1").arg(m_shownBrand)
+               ? tr("What you have typed for %1").arg(m_shown->Name)
                : QString();
 }
 

@@ -24,6 +24,7 @@ public:
 
 protected:
     QString Unsaved() const override;
+    void Reload() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -31,17 +32,16 @@ private:
     void FillBrands(const QString& shown);
     void ShowSizes(const PinSizes& sizes);
     PinSizes TypedSizes() const;
-    void BrandChosen();
-    void BrandLeft();
-    void OfferToSave();
+    void ShowBrand(const std::optional<ManufacturerRow>& brand);
+    bool BrandLeft();
     void PointTyped(int box);
     void Save();
     void DeleteBrand();
 
     std::unique_ptr<Ui::frmManufacturer> ui;
-    std::array<QLineEdit*, 20> m_sizes{}; ///< `txtBottom_0` to `_9`, then `txtTop_0` to `_9`
-    QString m_shownBrand;                 ///< whose sizes are shown
-    PinSizes m_shownSizes;                ///< as they came up
+    std::array<QLineEdit*, 20> m_sizes{};   ///< `txtBottom_0` to `_9`, then `txtTop_0` to `_9`
+    std::optional<ManufacturerRow> m_shown; ///< the brand as it was brought up
+    PinSizes m_shownSizes;                  ///< as its boxes showed them then
 };
 
 } // namespace quorrel

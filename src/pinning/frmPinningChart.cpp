@@ -1,45 +1,80 @@
 #include "pinning/frmPinningChart.h"
 
+#include "engine/SystemDefinition.h"
 #include "pinning/ChartPage.h"
+#include "pinning/CylinderPainter.h"
 #include "ui_frmPinningChart.h"
 #include "widgets/HelpContexts.h"
 
+#include <QDir>
 #include <QRegularExpression>
+#include <QShortcut>
+#include <QTimer>
 
 namespace quorrel {
 
 namespace {
 
-constexpr int kMostChambers = 7;
-
-/// Lines of the table, in the order in which the pins stand in the cylinder.
-enum PinLine { Chambers, DrivePins, ControlPins, TopPins, TopSizes, BottomPins, BottomSizes };
+/// What is read at arm's length, at the bench.
+void Enlarge(QLabel* label, double times) {
+    QFont font = label->font();
+    font.setPointSizeF(label->window()->font().pointSizeF() * times);
+    font.setBold(true);
+    label->setFont(font);
+}
 
 } // namespace
 
 frmPinningChart::frmPinningChart(Session& session, const PinningChart& chart)
     : Form(session), ui(std::make_unique<Ui::frmPinningChart>()), m_chart(chart) {
-    const bool core = chart.request.IsCore();
+    const bool core = chart.cylinder.core;
     setObjectName(core ? QStringLiteral("frmPinningChartIC") : QStringLiteral("frmPinningChart"));
     ui->setupUi(this);
     OfferHelp(help::kPinningChart, ui->cmdHelp);
-    On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
-    On(ui->cmdPrint, &QPushButton::clicked, [this] { Print(); });
-    ui->cmdPrint->setEnabled(session.SessionPermissions.RunReports);
-    ui->lblFlaws->hide();
+    OfferFoot();
+    WatchButtons();
     ui->frmTall->setVisible(core);
+    ui->lblWarnings->hide();
+    ui->lblNotes->hide();
     if (core)
         setWindowTitle(tr("Quorrel - Pinning Chart for IC Core 23"));
-    if (session.SessionPermissions.ReadPrintPinning) {
-        ShowKey();
-        ShowPins();
-        if (core)
-            ShowCorePins();
-    }
+    for (QLabel* label : {ui->lblKeyID, ui->lblCuts})
+        Enlarge(label, 1.3);
+    ShowChart(chart);
     PlaceAt(0.5, 0.125);
 }
 
 frmPinningChart::~frmPinningChart() = default;
+
+void frmPinningChart::WatchButtons() {
+    On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
+    On(ui->cmdPrint, &QPushButton::clicked, [this] { Print(); });
+    ui->cmdPrint->setEnabled(m_session.SessionPermissions.RunReports);
+    On(ui->cmdPrevious, &QPushButton::clicked, [this] { GoTo(Step::Previous); });
+    On(ui->cmdNext, &QPushButton::clicked, [this] { GoTo(Step::Next); });
+    connect(new QShortcut(Qt::Key_PageUp, this), &QShortcut::activated, ui->cmdPrevious,
+            &QPushButton::click);
+    connect(new QShortcut(Qt::Key_PageDown, this), &QShortcut::activated, ui->cmdNext,
+            &QPushButton::click);
+}
+
+void frmPinningChart::Activated() {
+    // Once the chart is on the screen that the warning speaks of.
+    QTimer::singleShot(0, this, [this] { Guarded([this] { WarnOfControlKey(); }); });
+}
+
+void frmPinningChart::ShowChart(const PinningChart& chart) {
+    m_chart = chart;
+    if (!m_session.SessionPermissions.ReadPrintPinning)
+        return;
+    ShowKey();
+    ShowPins();
+    if (chart.cylinder.core)
+        ShowTallPins();
+    ui->picCylinder->SetCylinder(chart.cylinder);
+    ShowRemarks();
+    Guarded([this] { OfferOtherKeys(); });
+}
 
 void frmPinningChart::ShowKey() {
     const PinningRequest& key = m_chart.request;
@@ -52,69 +87,93 @@ void frmPinningChart::ShowKey() {
     ui->lblKeyWay->setText(key.keyway);
 }
 
-/// Fills a line of the table, a label of this name a chamber; those without chamber are hidden.
-void frmPinningChart::AddPins(int line, const QString& heading, const char* name,
-                              const QStringList& figures) {
-    ui->grdPins->addWidget(new QLabel(heading), line, 0);
-    for (int chamber = 0; chamber < kMostChambers; ++chamber) {
-        auto* figure = new QLabel(figures.value(chamber));
-        figure->setObjectName(QStringLiteral("%1_%2").arg(QLatin1String(name)).arg(chamber));
-        figure->setAccessibleName(tr("%1, chamber %2").arg(heading.trimmed()).arg(chamber + 1));
-        figure->setAlignment(Qt::AlignCenter);
-        figure->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.000")));
-        QFont font = figure->font();
-        font.setBold(line != TopSizes && line != BottomSizes);
-        figure->setFont(font);
-        ui->grdPins->addWidget(figure, line, chamber + 1);
-        figure->setVisible(chamber < figures.size());
-    }
+/// The label at a place of the table, made when there is none yet.
+QLabel* frmPinningChart::LabelAt(int line, int column) {
+    if (const QLayoutItem* item = ui->grdPins->itemAtPosition(line, column))
+        return static_cast<QLabel*>(item->widget());
+    auto* label = new QLabel(this);
+    ui->grdPins->addWidget(label, line, column);
+    return label;
 }
 
+/// Fills the table, whose labels are hidden where the cylinder has no chamber.
 void frmPinningChart::ShowPins() {
-    QStringList numbers, top, topSizes, bottom, bottomSizes;
-    for (const ChartChamber& chamber : m_chart.chambers) {
-        numbers += QString::number(numbers.size() + 1);
-        top += QString::number(chamber.pins.master);
-        topSizes += chamber.masterSize;
-        bottom += QString::number(chamber.pins.bottom);
-        bottomSizes += chamber.bottomSize;
+    int row = 0;
+    QString pins;
+    for (const ChartLine& line : ChartLines(m_chart)) {
+        LabelAt(row, 0)->setText(line.sizes ? QStringLiteral("    ") + line.heading : line.heading);
+        pins = line.sizes ? pins + u' ' + line.heading : line.heading;
+        for (int chamber = 0; chamber < kPinCountLimits.highest; ++chamber) {
+            QLabel* figure = LabelAt(row, chamber + 1);
+            figure->setObjectName(QStringLiteral("%1_%2").arg(line.name).arg(chamber));
+            figure->setAlignment(Qt::AlignCenter);
+            if (!line.sizes)
+                Enlarge(figure, 1.6);
+            figure->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("0.0000")));
+            figure->setAccessibleName(tr("%1, chamber %2").arg(pins).arg(chamber + 1));
+            figure->setText(line.figures.value(chamber));
+            figure->setVisible(chamber < line.figures.size());
+        }
+        ++row;
     }
-    AddPins(Chambers, tr("Chamber"), "lblChamber", numbers);
-    AddPins(TopPins, tr("Top Pins"), "lblTopPins", top);
-    AddPins(TopSizes, tr("    Size"), "lblTop", topSizes);
-    AddPins(BottomPins, tr("Bottom Pins"), "lblBottomPins", bottom);
-    AddPins(BottomSizes, tr("    Size"), "lblBot", bottomSizes);
-    ui->picCylinder->SetChart(m_chart);
-    const QStringList flaws = DescribeFlaws(m_chart);
-    ui->lblFlaws->setText(flaws.join(u'\n'));
-    ui->lblFlaws->setVisible(!flaws.isEmpty());
-}
-
-void frmPinningChart::ShowCorePins() {
-    QStringList control, driver;
-    for (const ChartChamber& chamber : m_chart.chambers) {
-        control += PinFigure(*chamber.pins.control);
-        driver += PinFigure(*chamber.pins.driver);
-    }
-    AddPins(DrivePins, tr("Driver Pins"), "lblDrivePins", driver);
-    AddPins(ControlPins, tr("Control Pins"), "lblControlPins", control);
-    ShowTallPins();
 }
 
 void frmPinningChart::ShowTallPins() {
+    // The same for each key of the system.
+    if (ui->grdTall->count() > 0)
+        return;
+    constexpr int inARow = 5;
     for (int pin = 0; pin < 10; ++pin) {
         auto* step = new QLabel(QString::number(pin + 10));
         auto* size = new QLabel(m_chart.tallPins[static_cast<std::size_t>(pin)]);
         size->setObjectName(QStringLiteral("lblTall_%1").arg(pin));
         size->setAccessibleName(tr("Pin of %1 steps").arg(pin + 10));
+        Enlarge(step, 1.0);
         for (QLabel* label : {step, size})
             label->setAlignment(Qt::AlignCenter);
-        ui->grdTall->addWidget(step, 0, pin);
-        ui->grdTall->addWidget(size, 1, pin);
+        const int row = pin / inARow * 2;
+        ui->grdTall->addWidget(step, row, pin % inARow);
+        ui->grdTall->addWidget(size, row + 1, pin % inARow);
     }
     auto* letters = new QLabel(QLatin1String(kPinLetters));
+    letters->setWordWrap(true);
     letters->setAlignment(Qt::AlignCenter);
-    ui->grdTall->addWidget(letters, 2, 0, 1, 10);
+    ui->grdTall->addWidget(letters, 4, 0, 1, inARow);
+}
+
+void frmPinningChart::ShowRemarks() {
+    const auto show = [](QLabel* label, const QStringList& lines) {
+        label->setText(lines.join(u'\n'));
+        label->setVisible(!lines.isEmpty());
+    };
+    show(ui->lblWarnings, ChartWarnings(m_chart));
+    show(ui->lblNotes, ChartNotes(m_chart));
+    QPalette flagged = palette();
+    flagged.setColor(QPalette::WindowText, LookOn(palette()).shear);
+    ui->lblWarnings->setPalette(flagged);
+}
+
+void frmPinningChart::OfferOtherKeys() {
+    for (const auto& [button, step] :
+         {std::pair(ui->cmdPrevious, Step::Previous), std::pair(ui->cmdNext, Step::Next)})
+        button->setEnabled(FindNamedKey(m_session, m_chart.request, step).has_value());
+}
+
+void frmPinningChart::GoTo(Step step) {
+    if (const auto request = FindNamedKey(m_session, m_chart.request, step)) {
+        ShowChart(MakePinningChart(m_session, *request));
+        Tell({});
+        WarnOfControlKey();
+    } else {
+        OfferOtherKeys();
+    }
+}
+
+void frmPinningChart::WarnOfControlKey() {
+    if (m_session.SessionPermissions.ReadPrintPinning &&
+        IsControlKeysCuts(m_chart.request.key, m_chart.request.control))
+        m_session.boxes.Message(ControlKeyWarning(), m_session.ProgramTitle, BoxButtons::Ok,
+                                BoxIcon::Warning);
 }
 
 void frmPinningChart::Print() {
@@ -128,6 +187,7 @@ void frmPinningChart::Print() {
         return;
     const BusyPointer busy;
     PrintChartToFile(path, m_chart, m_session.ProgramTitle, m_session.clock().date());
+    Tell(tr("The chart is in the file %1").arg(QDir::toNativeSeparators(path)));
 }
 
 } // namespace quorrel

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "pinning/NamedKeys.h"
 #include "pinning/PinningChart.h"
 #include "widgets/Form.h"
 
 #include <memory>
+
+class QLabel;
 
 namespace Ui {
 class frmPinningChart;
@@ -13,7 +16,7 @@ namespace quorrel {
 
 /// Shows how a cylinder is pinned for a key, in figures and as a drawing; for an interchangeable
 /// core, as `frmPinningChartIC`, with the control and driver pins and the sizes of stacked pins.
-/// Stays empty for a user who may not read cuts.
+/// Goes on to the next and the previous named key. Stays empty for a user who may not read cuts.
 class frmPinningChart : public Form {
     Q_OBJECT
 
@@ -21,16 +24,26 @@ public:
     frmPinningChart(Session& session, const PinningChart& chart);
     ~frmPinningChart() override;
 
+    /// Shows another chart of the same system in place of the one before.
+    void ShowChart(const PinningChart& chart);
+
+protected:
+    void Activated() override;
+
 private:
+    void WatchButtons();
     void ShowKey();
     void ShowPins();
-    void ShowCorePins();
     void ShowTallPins();
-    void AddPins(int line, const QString& heading, const char* name, const QStringList& figures);
+    void ShowRemarks();
+    void OfferOtherKeys();
+    void GoTo(Step step);
+    void WarnOfControlKey();
+    QLabel* LabelAt(int line, int column);
     void Print();
 
     std::unique_ptr<Ui::frmPinningChart> ui;
-    const PinningChart m_chart;
+    PinningChart m_chart;
 };
 
 } // namespace quorrel

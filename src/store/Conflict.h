@@ -23,6 +23,8 @@ public:
     /// `subject` as in "Door A-101". `unsaved` are the texts that were typed and cannot be kept.
     static ChangedElsewhere Changed(const QString& subject, const QStringList& unsaved = {});
     static ChangedElsewhere Deleted(const QString& subject);
+    /// What was to be new here is there by now.
+    static ChangedElsewhere Added(const QString& subject, const QStringList& unsaved);
 };
 
 /// The open key system is not in the file any more.
@@ -62,16 +64,19 @@ struct Merge {
     Row row;               ///< as stored, with what was typed here where nobody else has changed it
     bool conflict = false; ///< both have changed the same column to something else
     QStringList unsaved;   ///< the texts typed here that are not in `row`
+    QStringList typed;     ///< all texts typed here
 };
 
 /// Puts together that `shown` was changed to `typed` here while it became `stored` elsewhere.
 template <class Row>
 Merge<Row> MergeOf(const Row& shown, const Row& typed, const Row& stored) {
-    Merge<Row> merge{stored, false, {}};
+    Merge<Row> merge{stored, false, {}, {}};
     const auto take = [&](const auto& column) {
         const auto& mine = typed.*column.member;
         if (mine == shown.*column.member || mine == stored.*column.member)
             return;
+        if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
+            merge.typed.append(mine);
         if (stored.*column.member == shown.*column.member) {
             merge.row.*column.member = mine;
             return;
@@ -91,7 +96,7 @@ template <class Row>
 Row MergedChanges(const Row& shown, const Row& typed, const Row& stored, const QString& subject) {
     auto merge = MergeOf(shown, typed, stored);
     if (merge.conflict)
-        throw ChangedElsewhere::Changed(subject, merge.unsaved);
+        throw ChangedElsewhere::Changed(subject, merge.typed);
     return merge.row;
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <string>
 
 namespace quorrel {
 
@@ -15,5 +18,12 @@ void UnscrambleText(QString& text);
 
 QString Scrambled(QString text);
 QString Unscrambled(QString text);
+
+/// The cuts and the mark of a key out of its stored text, `pins` + 1 characters; nothing when that
+/// holds no such cuts.
+std::optional<std::string> CutsOf(const QString& stored, int pins);
+
+/// The texts under which a key with these cuts can be stored: one for each mark.
+QStringList StoredForms(const std::string& cuts);
 
 } // namespace quorrel

@@ -37,13 +37,43 @@ QString DigitsWanted(const char* field, int pins, const QString& text) {
         .arg(text);
 }
 
+std::optional<Refusal> CheckNumbers(const SystemDefinition& definition) {
+    const struct {
+        Refusal::Field field;
+        const char* name;
+        int number;
+        NumberLimits limits;
+    } numbers[] = {
+        {Refusal::Field::Pins, "Number of Pins", definition.pins, kPinCountLimits},
+        {Refusal::Field::MinimumPin, "Pin Sizes, Min.", definition.minPin, kMinPinLimits},
+        {Refusal::Field::MaximumPin, "Pin Sizes, Max.", definition.maxPin, kMaxPinLimits},
+        {Refusal::Field::Increment, "Increment", definition.increment, kIncrementLimits},
+        {Refusal::Field::SafetyFactor, "Safety Factor", definition.safetyFactor,
+         kSafetyFactorLimits}};
+    for (const auto& [field, name, number, limits] : numbers)
+        if (!limits.Hold(number))
+            return Refusal{field, QStringLiteral("%1: the number can be %2 to %3, and it is %4.")
+                                      .arg(QLatin1String(name))
+                                      .arg(limits.lowest)
+                                      .arg(limits.highest)
+                                      .arg(number)};
+    return std::nullopt;
+}
+
 std::optional<Refusal> CheckSpecial(const NewSystem& system) {
-    if (system.type == SystemType::Standard || IsCutsText(system.special, system.definition.pins))
+    if (system.type == SystemType::Standard)
         return std::nullopt;
     const bool angled = system.type == SystemType::AngledCut;
-    return Refusal{angled ? Refusal::Field::Angle : Refusal::Field::Control,
-                   DigitsWanted(angled ? "Angle Values" : "Control Key", system.definition.pins,
-                                system.special)};
+    if (!IsCutsText(system.special, system.definition.pins))
+        return Refusal{angled ? Refusal::Field::Angle : Refusal::Field::Control,
+                       DigitsWanted(angled ? "Angle Values" : "Control Key", system.definition.pins,
+                                    system.special)};
+    if (!angled && IsControlKeysCuts(system.definition.master, system.special.toStdString()))
+        return Refusal{Refusal::Field::Control,
+                       QStringLiteral("Control Key: these are the cuts of the master key. The "
+                                      "master would draw every core; choose other cuts for the "
+                                      "control key.")};
+    return std::nullopt;
 }
 
 std::optional<Refusal> CheckPages(const SystemDefinition& definition) {
@@ -115,9 +145,8 @@ std::optional<Refusal> CheckNewSystem(Session& session, const NewSystem& system)
                        QStringLiteral("Name of Key System: a name is required.")};
     if (IsTaken(session, system.name))
         return Refusal{Refusal::Field::Name, NameTaken(system.name.trimmed())};
-    if (!definition.HasValidPinCount())
-        return Refusal{Refusal::Field::Pins,
-                       QStringLiteral("Number of Pins: 4, 5, 6 or 7 pins are possible.")};
+    if (auto refusal = CheckNumbers(definition))
+        return refusal;
     const QString master = QString::fromStdString(definition.master);
     if (!IsCutsText(master, definition.pins))
         return Refusal{Refusal::Field::Master, DigitsWanted("Master Key", definition.pins, master)};

@@ -15,11 +15,23 @@ struct NewSystem {
     SystemDefinition definition;
     SystemType type = SystemType::Standard;
     QString special; ///< The angles or the control key, N digits, unless the type is Standard.
+
+    bool operator==(const NewSystem&) const = default;
 };
 
 /// Why a system cannot be created.
 struct Refusal {
-    enum class Field { Name, Pins, MinimumPin, Master, Angle, Control };
+    enum class Field {
+        Name,
+        Pins,
+        MinimumPin,
+        MaximumPin,
+        Increment,
+        SafetyFactor,
+        Master,
+        Angle,
+        Control
+    };
     Field field;
     QString text;
 };

@@ -34,8 +34,10 @@ frmCreateFile::frmCreateFile(Session& session)
     ui->txtSafetyFactor->setText(QString::number(usual.safetyFactor));
     Guarded([this] { FillBrands(); });
     ShowType(0);
+    OfferFoot();
     WatchFields();
     ui->txtSystemName->setFocus();
+    m_asOpened = Describe();
 }
 
 frmCreateFile::~frmCreateFile() = default;
@@ -46,22 +48,26 @@ void frmCreateFile::WatchFields() {
     types->addButton(ui->opType_1, 1);
     types->addButton(ui->opType_2, 2);
     On(types, &QButtonGroup::idClicked, [this](int type) { ShowType(type); });
-    const Limits numeric[] = {{ui->txtMinimumPin, 1, 4, 0},
-                              {ui->txtMaximumPin, 5, 9, 5},
-                              {ui->txtNumberofPins, 4, 7, 4},
-                              {ui->txtIncrement, 1, 4, 1},
-                              {ui->txtSafetyFactor, 2, 9, 2}};
-    for (const Limits& limits : numeric)
-        On(limits.field, &QLineEdit::textChanged, [this, limits] { Clamp(limits); });
+    const std::pair<QLineEdit*, NumberLimits> numeric[] = {
+        {ui->txtMinimumPin, kMinPinLimits},
+        {ui->txtMaximumPin, kMaxPinLimits},
+        {ui->txtNumberofPins, kPinCountLimits},
+        {ui->txtIncrement, kIncrementLimits},
+        {ui->txtSafetyFactor, kSafetyFactorLimits}};
+    for (const auto& [field, limits] : numeric)
+        On(field, &QLineEdit::textChanged,
+           [this, field = field, limits = limits] { Clamp(field, limits); });
     for (QLineEdit* field :
          {ui->txtIncrement, ui->txtMasterKey, ui->txtMinimumPin, ui->txtMaximumPin,
           ui->txtNumberofPins, ui->txtSafetyFactor, ui->txtSystemAddress, ui->txtSystemName})
         field->installEventFilter(this);
-    ui->txtLockBrand->installEventFilter(this);
+    OnLeaving(ui->txtLockBrand, [this] { return CheckBrand(); });
     On(ui->txtMasterKey, &QLineEdit::textChanged, [this] { MasterChanged(); });
     On(ui->cmdRandomMaster, &QPushButton::clicked, [this] { DrawMaster(); });
     On(ui->cmdCreate, &QPushButton::clicked, [this] { Create(); });
-    On(ui->cmdCancel, &QPushButton::clicked, [this] { Leave(); });
+    // Whoever gives up does not want to be asked for the pin sizes of a brand.
+    ui->cmdCancel->setFocusPolicy(Qt::TabFocus);
+    connect(ui->cmdCancel, &QPushButton::clicked, this, [this] { Leave(); });
 }
 
 bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
@@ -75,22 +81,17 @@ bool frmCreateFile::eventFilter(QObject* watched, QEvent* event) {
                 field->selectAll();
         });
     }
-    // A window that loses the focus, or a list that drops down, does not leave the field.
-    if (watched == ui->txtLockBrand && event->type() == QEvent::FocusOut) {
-        const auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-            QTimer::singleShot(0, this, [this] { Guarded([this] { CheckBrand(); }); });
-    }
     return Form::eventFilter(watched, event);
 }
 
-void frmCreateFile::Clamp(const Limits& limits) {
-    if (Val(limits.field->text()) > limits.highest)
-        limits.field->setText(QString::number(limits.highest));
-    if (Val(limits.field->text()) < limits.lowest &&
-        limits.field->text() != QString::number(limits.replacement))
-        limits.field->setText(QString::number(limits.replacement));
-    limits.field->selectAll();
+void frmCreateFile::Clamp(QLineEdit* field, const NumberLimits& limits) {
+    if (Val(field->text()) > limits.highest)
+        field->setText(QString::number(limits.highest));
+    // An empty field and a word are 0 too: where 0 is allowed, it is what they become.
+    const QString lowest = QString::number(limits.lowest);
+    if (Val(field->text()) < std::max(limits.lowest, 1) && field->text() != lowest)
+        field->setText(lowest);
+    field->selectAll();
     RefreshPreview();
 }
 
@@ -105,10 +106,14 @@ void frmCreateFile::FillBrands() {
     ui->txtLockBrand->Refill(ListLockBrands(m_session));
 }
 
-void frmCreateFile::CheckBrand() {
-    const QString brand = ui->txtLockBrand->currentText();
-    if (LearnLockBrand(m_session, brand))
-        emit PinSizesWanted(brand);
+/// False when the brand is new: its pin sizes come first, and then the command that was given.
+bool frmCreateFile::CheckBrand() {
+    const QString brand = RightTrimmed(ui->txtLockBrand->currentText());
+    if (!LearnLockBrand(m_session, brand))
+        return true;
+    Tell(tr("The lock brand %1 is new. Enter its pin sizes, then go on here.").arg(brand));
+    emit PinSizesWanted(brand);
+    return false;
 }
 
 SystemDefinition frmCreateFile::Definition() const {
@@ -126,7 +131,7 @@ NewSystem frmCreateFile::Describe() const {
     NewSystem system;
     system.name = ui->txtSystemName->text();
     system.address = ui->txtSystemAddress->text();
-    system.lockBrand = ui->txtLockBrand->currentText();
+    system.lockBrand = RightTrimmed(ui->txtLockBrand->currentText());
     system.notes = ui->txtNotes->text();
     system.definition = Definition();
     if (ui->opType_1->isChecked()) {
@@ -138,6 +143,10 @@ NewSystem frmCreateFile::Describe() const {
         system.special = ui->txtControlKey->text();
     }
     return system;
+}
+
+QString frmCreateFile::Unsaved() const {
+    return Describe() == m_asOpened ? QString() : tr("The new key system");
 }
 
 void frmCreateFile::MasterChanged() {
@@ -152,6 +161,7 @@ void frmCreateFile::RefreshPreview() {
     if (ui->txtMasterKey->text().size() != definition.pins) {
         ui->List1->SetLines({});
         ui->lblTotalChanges->setText(tr("Total Usable Change Keys ="));
+        ui->lblWithinSafety->setText(tr("Of these within the Safety Factor ="));
         return;
     }
     if (!definition.ExceedsPinVariance() && definition.PageCount() <= kMaxPages)
@@ -188,6 +198,8 @@ void frmCreateFile::ShowUsableKeys(const SystemDefinition& definition) {
             QString::fromStdString(PreviewLine(static_cast<int>(page) + 1, usable.perPage[page])));
     ui->List1->SetLines(lines);
     ui->lblTotalChanges->setText(tr("Total Usable Change Keys = %1").arg(usable.Total()));
+    ui->lblWithinSafety->setText(
+        tr("Of these within the Safety Factor = %1").arg(usable.withinSafetyFactor));
 }
 
 void frmCreateFile::DrawMaster() {
@@ -220,6 +232,12 @@ QWidget* frmCreateFile::FieldOf(Refusal::Field field) const {
         return ui->txtNumberofPins;
     case Refusal::Field::MinimumPin:
         return ui->txtMinimumPin;
+    case Refusal::Field::MaximumPin:
+        return ui->txtMaximumPin;
+    case Refusal::Field::Increment:
+        return ui->txtIncrement;
+    case Refusal::Field::SafetyFactor:
+        return ui->txtSafetyFactor;
     case Refusal::Field::Master:
         return ui->txtMasterKey;
     case Refusal::Field::Angle:

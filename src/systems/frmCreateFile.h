@@ -31,19 +31,14 @@ signals:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
-    /// Limits of a numeric field: above `highest` it becomes that; below `lowest` it becomes
-    /// `replacement`.
-    struct Limits {
-        QLineEdit* field;
-        int lowest, highest, replacement;
-    };
+    QString Unsaved() const override;
 
+private:
     void WatchFields();
-    void Clamp(const Limits& limits);
+    void Clamp(QLineEdit* field, const NumberLimits& limits);
     void ShowType(int type);
     void FillBrands();
-    void CheckBrand();
+    bool CheckBrand();
     SystemDefinition Definition() const;
     NewSystem Describe() const;
     void MasterChanged();
@@ -56,6 +51,7 @@ private:
     QWidget* FieldOf(Refusal::Field field) const;
 
     std::unique_ptr<Ui::frmCreateFile> ui;
+    NewSystem m_asOpened;
 };
 
 } // namespace quorrel

@@ -1,6 +1,6 @@
 #include "widgets/ElidedLabel.h"
 
-#include "platform/Text.h"
+#include "widgets/LineDelegate.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -15,35 +15,29 @@ namespace {
 constexpr int kWantedLength = 40;
 constexpr int kLeastLength = 6;
 
-/// Characters of the text that are measured and painted: more than there is ever room for.
-constexpr int kPaintedLength = 1000;
-
 } // namespace
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 
-QSize ElidedLabel::SizeFor(int characters) const {
-    const QFontMetrics metrics = fontMetrics();
-    const int whole = metrics.horizontalAdvance(OneLine(text().left(kPaintedLength)));
-    const int most = characters * metrics.averageCharWidth();
-    // Measured to the next pixel, and elided to less than one.
-    return QSize(std::min(whole + 1, most), metrics.height()) +
-           QSize(2, 2) * (margin() + frameWidth());
+QSize ElidedLabel::SizeFor(int width) const {
+    return QSize(width, fontMetrics().height()) + QSize(2, 2) * (margin() + frameWidth());
 }
 
 QSize ElidedLabel::sizeHint() const {
-    return SizeFor(kWantedLength);
+    // Measured to the next pixel, and elided to less than one.
+    const int whole = fontMetrics().horizontalAdvance(PaintedLine(text())) + 1;
+    return SizeFor(std::min(whole, kWantedLength * fontMetrics().averageCharWidth()));
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-    return SizeFor(kLeastLength);
+    return SizeFor(kLeastLength * fontMetrics().averageCharWidth());
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* event) {
     const QString whole = text();
-    const QString line = OneLine(whole.left(kPaintedLength));
+    const QString line = PaintedLine(whole);
     const QString shown = fontMetrics().elidedText(line, m_elideMode, contentsRect().width());
     setToolTip(shown == whole ? QString() : whole);
     if (shown == whole) {

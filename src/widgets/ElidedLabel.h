@@ -5,7 +5,7 @@
 namespace quorrel {
 
 /// A label for a text of any length: on one line, cut with an ellipsis where the room ends, the
-/// whole text as its tool tip then. Its width is never more than it is given.
+/// whole text as its tool tip then. No text makes its window larger.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QSize SizeFor(int characters) const;
+    QSize SizeFor(int width) const;
 
     Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };

@@ -7,7 +7,9 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <algorithm>
@@ -30,6 +32,9 @@ TextList::TextList(QWidget* parent) : QListView(parent) {
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new LineDelegate(this));
     setModel(&m_lines);
+    for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        // What is scrolled takes the frame of the focus along.
+        connect(bar, &QScrollBar::valueChanged, viewport(), qOverload<>(&QWidget::update));
     connect(
         &m_lines, &LineModel::modelReset, this, [this] { m_justFilled = false; },
         Qt::QueuedConnection);
@@ -115,6 +120,16 @@ void TextList::focusInEvent(QFocusEvent* event) {
         emit LinesWanted();
 }
 
+void TextList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (!hasFocus())
+        return;
+    // The highlight does not tell where the keys go: there may be none, or one in each list.
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+}
+
 void TextList::keyPressEvent(QKeyEvent* event) {
     if (!IsEnter(*event)) {
         if (ByUser([&] { QListView::keyPressEvent(event); }))
@@ -184,9 +199,9 @@ QString TextList::TipAt(const QPoint& place) const {
     if (!line.isValid())
         return {};
     QStringList parts;
-    const QString text = OneLine(line.data().toString());
-    if (fontMetrics().horizontalAdvance(text.left(kPaintedLength)) > viewport()->width())
-        parts += text;
+    const QString text = line.data().toString();
+    if (fontMetrics().horizontalAdvance(PaintedLine(text)) > viewport()->width())
+        parts += OneLine(text);
     if (const QString mark = m_lines.TipOf(line.row()); !mark.isEmpty())
         parts += mark;
     return parts.join(u'\n');

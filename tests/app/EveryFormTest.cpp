@@ -74,6 +74,13 @@ QList<QWidget*> TabStops(QWidget* form) {
     return stops;
 }
 
+std::string NamesOf(const QList<QWidget*>& controls) {
+    QStringList names;
+    for (const QWidget* control : controls)
+        names += control->objectName();
+    return names.join(' ').toStdString();
+}
+
 /// Where the tab key, or the one back, leads from here until it comes round.
 QList<QWidget*> GoRound(QWidget* form, Qt::Key key) {
     const auto most = In<QWidget>(form).size();
@@ -100,7 +107,9 @@ TEST_P(EveryForm, TheTabKeyReachesEachControlOnceAndComesRound) {
     EXPECT_EQ(round.size(), TabStops(shown.form).size());
     // The walk ended at its first stop, from which the way back leads to its last.
     std::reverse(round.begin(), round.end());
-    EXPECT_EQ(GoRound(shown.form, Qt::Key_Backtab), round);
+    const QList<QWidget*> back = GoRound(shown.form, Qt::Key_Backtab);
+    EXPECT_TRUE(back == round) << "the way back differs: " << NamesOf(back) << "\nnot "
+                               << NamesOf(round);
 }
 
 // Mnemonics.

@@ -1,8 +1,11 @@
 #include "engine/Patterns.h"
 #include "engine/Preview.h"
+#include "engine/RandomMaster.h"
 #include "support/PlainEnumeration.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace quorrel::test {
 namespace {
@@ -46,7 +49,9 @@ void Compare(const SystemDefinition& definition) {
     });
     EXPECT_EQ(difference, "");
     EXPECT_EQ(next, plain.patterns.size());
-    EXPECT_EQ(CountUsableKeys(definition).perPage, plain.UsablePerPage());
+    const UsableKeys usable = CountUsableKeys(definition);
+    EXPECT_EQ(usable.perPage, plain.UsablePerPage());
+    EXPECT_EQ(usable.withinSafetyFactor, plain.UsableWithinSafetyFactor());
 }
 
 TEST(Enumeration, AgreesWithThePlainOneForFourToSixPins) {
@@ -70,14 +75,34 @@ TEST(Enumeration, AgreesWithThePlainOneForSevenPins) {
     Compare({"9999999", 7, 0, 9, 1, 9});
 }
 
-TEST(Enumeration, OtherPinCountsGiveNothing) {
-    for (const int pins : {-1, 0, 3, 8}) {
-        const SystemDefinition definition{"39517284", pins, 0, 9, 2, 9};
-        GeneratePatterns(definition, SystemType::Standard, "",
-                         [](const Pattern& key) { ADD_FAILURE() << Told(key); });
-        EXPECT_TRUE(CountUsableKeys(definition).perPage.empty());
-        EXPECT_EQ(CountUsableKeys(definition).Total(), 0);
-    }
+TEST(Enumeration, NumbersOutsideTheirLimitsGiveNothingAtOnce) {
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int most = std::numeric_limits<int>::max();
+    const struct {
+        int SystemDefinition::*number;
+        NumberLimits limits;
+    } fields[] = {{&SystemDefinition::pins, kPinCountLimits},
+                  {&SystemDefinition::minPin, kMinPinLimits},
+                  {&SystemDefinition::maxPin, kMaxPinLimits},
+                  {&SystemDefinition::increment, kIncrementLimits},
+                  {&SystemDefinition::safetyFactor, kSafetyFactorLimits}};
+    for (const auto& [number, limits] : fields)
+        for (const int value : {limits.lowest, limits.highest, limits.lowest - 1,
+                                limits.highest + 1, 0, least, most}) {
+            SystemDefinition definition{"3951728", 6, 0, 9, 2, 9};
+            definition.*number = value;
+            SCOPED_TRACE(value);
+            EXPECT_EQ(definition.IsWithinLimits(), limits.Hold(value));
+            if (limits.Hold(value))
+                continue;
+            GeneratePatterns(definition, SystemType::Standard, "",
+                             [](const Pattern& key) { ADD_FAILURE() << Told(key); });
+            EXPECT_TRUE(CountUsableKeys(definition).perPage.empty());
+            EXPECT_EQ(CountUsableKeys(definition).Total(), 0);
+            EXPECT_TRUE(definition.Progression(1).empty());
+            EXPECT_FALSE(definition.ExceedsPinVariance());
+            EXPECT_EQ(DrawRandomMaster(definition, [] { return 0.5; }), std::nullopt);
+        }
 }
 
 TEST(Enumeration, KnownSystems) {

@@ -21,8 +21,7 @@ protected:
 
     /// Types a record for a cell and leaves the key.
     KeyRecordText Save(int cell, const QString& keyID, const KeyRecordText& rest = {}) {
-        record.Open(cell, false);
-        record.Touch();
+        record.Open(cell, true);
         KeyRecordText screen = rest;
         screen.keyID = keyID;
         record.SaveKeyRecord(screen);
@@ -90,7 +89,8 @@ TEST_F(KeyRecordTest, ANewKeyIDIsWrittenEverywhereAndNowhereElse) {
                   .Count(),
               1)
         << "the other system has the same cuts";
-    EXPECT_FALSE(record.PageDirty());
+    EXPECT_FALSE(record.IsEdited(screen));
+    EXPECT_EQ(record.LastStored(), "Key ID FRONT-A stored");
 }
 
 TEST_F(KeyRecordTest, MastersAreSavedAsChangeKeysAre) {
@@ -133,7 +133,7 @@ TEST_F(KeyRecordTest, ABlankTakesTheKeyIDAway) {
     EXPECT_EQ(row.AlphaCode, "");
     EXPECT_FALSE(page.Cell(6).HasLabel());
     EXPECT_EQ(page.Cell(6).date, "");
-    EXPECT_FALSE(record.RepeatsLastRecord());
+    EXPECT_EQ(record.Open(7, true).keyway, "") << "nothing of it is offered to the next key";
 }
 
 TEST_F(KeyRecordTest, AKeyIDOfAnotherKeyIsRefusedWithoutATrace) {
@@ -156,9 +156,9 @@ TEST_F(KeyRecordTest, UnitsAndDoorsStandInTheWayOfARename) {
     Recordset<UsertoUnitRow>::Add(program.session.Keys(), unit);
     for (const char* text : {"OTHER", " "}) {
         program.boxes.Expect("There are Key Units Issued for HELD - Delete all Key Units before");
-        EXPECT_EQ(Save(6, text).keyID, "HELD");
+        EXPECT_EQ(Save(6, text, {{}, {}, {}, "typed"}).keyID, "HELD");
         EXPECT_EQ(program.boxes.Last().title, "Access Error");
-        EXPECT_TRUE(record.PageDirty());
+        EXPECT_TRUE(record.IsEdited({"HELD", {}, {}, "typed"})) << "the rest is still to be saved";
     }
     Change(6, "HELD", {{}, {}, {}, "the rest may change"});
     EXPECT_EQ(Patterns(6)[0].Description, "the rest may change");
@@ -186,14 +186,52 @@ TEST_F(KeyRecordTest, WithoutTheRightNothingIsWritten) {
 
 TEST_F(KeyRecordTest, LastRecordIsOfferedToKeysWithoutKeyID) {
     Save(6, "A1", {{}, "KW", "STORES", "Cellar"});
-    record.Open(7, false);
-    EXPECT_TRUE(record.RepeatsLastRecord());
-    EXPECT_EQ(record.LastRecord().description, "Cellar");
-    record.Open(6, false);
-    EXPECT_FALSE(record.RepeatsLastRecord()) << "it has a record of its own";
+    const KeyRecordText offered = record.Open(7, true);
+    EXPECT_EQ(offered.keyID, "");
+    EXPECT_EQ(offered.keyway + offered.department + offered.description, "KWSTORESCellar");
+    EXPECT_FALSE(record.IsEdited(offered)) << "an offer is no edit";
+    KeyRecordText screen = offered;
+    EXPECT_TRUE(record.SaveKeyRecord(screen));
+    EXPECT_EQ(AllKeys().size(), 1U);
+    screen.keyID = "A2"; // The user takes it.
+    EXPECT_TRUE(record.SaveKeyRecord(screen));
+    EXPECT_EQ(Patterns(7)[0].Department, "STORES");
+    EXPECT_EQ(Patterns(7)[0].Description, "Cellar");
+    EXPECT_EQ(record.Open(6, true).keyID, "A1") << "it has a record of its own";
     record.StopRepeating();
-    record.Open(7, false);
-    EXPECT_FALSE(record.RepeatsLastRecord());
+    EXPECT_EQ(record.Open(8, true).keyway, "");
+}
+
+TEST_F(KeyRecordTest, WhatTheUserHasNotChangedStaysToTheLetter) {
+    Save(6, "A1", {{}, "KW", "STORES", "Cellar"});
+    const QString longText(400, u'd');
+    program.session.Keys().Execute(
+        "UPDATE Patterns SET Description = :d, Department = 'Stores of the north wing and beyond', "
+        "KeyWay = 'kw' WHERE Label = 'A1          '",
+        {Value(longText + "  \r\n")});
+    page.LoadPageView();
+    const PatternsRow before = Patterns(6)[0];
+    KeyRecordText screen = record.Open(6, true);
+    EXPECT_EQ(screen.description.size(), 250) << "cut to its box";
+    EXPECT_EQ(screen.department.size(), 34);
+    // What the boxes make of it: capitals, and the line ends of a box.
+    record.ShownAs(screen);
+    screen.keyway = "KW";
+    screen.description += "\n\n";
+    EXPECT_FALSE(record.IsEdited(screen));
+    screen.keyID = "B1";
+    program.boxes.Expect("Are you sure", BoxAnswer::Yes);
+    EXPECT_TRUE(record.SaveKeyRecord(screen));
+    const PatternsRow after = Patterns(6)[0];
+    EXPECT_EQ(after.Label, "B1          ");
+    EXPECT_EQ(after.Description, before.Description);
+    EXPECT_EQ(after.Department, before.Department);
+    EXPECT_EQ(after.KeyWay, "kw");
+}
+
+TEST_F(KeyRecordTest, LineEndsAtTheEndOfADescriptionAreNotStored) {
+    Save(6, "A1", {{}, {}, {}, "Front door\nof the hall \n\r\n"});
+    EXPECT_EQ(Patterns(6)[0].Description, "Front door\nof the hall");
 }
 
 TEST_F(KeyRecordTest, AFailureStoresNothing) {
@@ -204,7 +242,7 @@ TEST_F(KeyRecordTest, AFailureStoresNothing) {
     EXPECT_THROW(Save(6, "NEW", {{}, {}, "STORES", {}}), DatabaseError);
     EXPECT_EQ(AllKeys()[0].KeyID, "OLD         ");
     EXPECT_EQ(Patterns(6)[0].Label, "OLD         ");
-    EXPECT_TRUE(record.PageDirty()) << "the text is still to be saved";
+    EXPECT_TRUE(record.IsEdited({"NEW", {}, "STORES", {}})) << "the text is still to be saved";
 }
 
 } // namespace

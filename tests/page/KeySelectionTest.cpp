@@ -68,16 +68,10 @@ TEST_F(KeySelectionTest, FixedLevelsAndHighlight) {
 }
 
 TEST_F(KeySelectionTest, TheRecordOfTheKey) {
-    program.session.Keys().Execute("UPDATE Patterns SET Department = 'Sales', KeyWay = 'CE' "
-                                   "WHERE PageNumber = 1 AND Position = 5");
     program.session.Keys().Execute("INSERT INTO AllKeys (SystemNumber, PageNumber, Position, "
                                    "CustomCuts) VALUES (1, 1, 5, '15/03/2026')");
     page.LoadPageView();
     const KeySelection selection = SelectKey(page, 5, true);
-    EXPECT_EQ(selection.keyID, "K5");
-    EXPECT_EQ(selection.description, "D5");
-    EXPECT_EQ(selection.department, "SALES");
-    EXPECT_EQ(selection.keyway.trimmed(), "CE");
     EXPECT_EQ(selection.dateText, "Date Created: 15/03/2026");
     EXPECT_EQ(selection.serial, QString::number(page.Cell(5).serial));
     EXPECT_EQ(selection.cuts.toStdString(), page.Cell(5).tag);
@@ -89,9 +83,7 @@ TEST_F(KeySelectionTest, NoCutsAnywhereWithoutTheRight) {
     for (int cell = 0; cell < kAllCells; ++cell) {
         const KeySelection selection = SelectKey(page, cell, false);
         EXPECT_EQ(selection.cuts, "********");
-        QStringList shown = {page.Cell(cell).toolTip, selection.keyID,       selection.keyway,
-                             selection.department,    selection.description, selection.serial,
-                             selection.dateText};
+        QStringList shown = {page.Cell(cell).toolTip, selection.serial, selection.dateText};
         for (const LevelLine& line : selection.levels)
             shown << line.id << line.description;
         for (int state : {0, 1, 12, 34})
@@ -105,8 +97,14 @@ TEST_F(KeySelectionTest, CellsInWords) {
     EXPECT_EQ(DescribeCell(page, 5, 12), "Change Key 5, Key ID K5, under the selected master");
     EXPECT_EQ(DescribeCell(page, 84, 33),
               "Area Master 84, Key ID K84, master above the selected key, not recommended");
+    EXPECT_EQ(PlaceInWords(page, 84), "Area Master, page 1");
+    EXPECT_EQ(PlaceInWords(page, 107), "System Master") << "lies on no page";
     PageView blank(program.session);
     EXPECT_EQ(DescribeCell(blank, 108, 15), "Grand Master 108, no key");
+    program.session.System.PinCount = 6;
+    EXPECT_EQ(KindInWords(page, 107), "Grand Master") << "the level panel calls it so";
+    program.session.System.PinCount = 4;
+    EXPECT_EQ(KindInWords(page, 105), "Base Master");
 }
 
 /// All neighbours in the master key lie too far apart.

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QToolButton>
 
@@ -231,6 +232,11 @@ TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
     auto* bar = Find<QScrollBar>(main, "scrlPage");
     ClickCell(main, 6);
     Type(main, "txtKeyID", "a");
+    run.boxes.Expect("A Key ID of one character is stored by a click on another key",
+                     BoxAnswer::No);
+    bar->setValue(2);
+    EXPECT_EQ(bar->value(), 1);
+    run.boxes.Expect("What you have typed is not saved", BoxAnswer::Yes);
     bar->setValue(2);
     EXPECT_EQ(RowOf(run, 6).Label, QString(19, ' '));
     bar->setValue(1);
@@ -269,6 +275,186 @@ TEST(FrmMain, ARefusedRecordIsToldAndAFailureKeepsTheText) {
     EXPECT_EQ(RowOf(run, 8).Label, "TWO         ");
 }
 
+/// The rows of both tables that hold a key's record.
+QStringList Records(RunningProgram& run) {
+    QStringList rows;
+    for (const PatternsRow& row : Recordset<PatternsRow>(run.session.Keys()).Rows())
+        rows += row.Label + '|' + row.KeyWay + '|' + row.Department + '|' + row.Description + '|' +
+                row.AlphaCode;
+    for (const AllKeysRow& row : Recordset<AllKeysRow>(run.session.Keys()).Rows())
+        rows += row.KeyID + '|' + row.KeyWay + '|' + row.Cuts + '|' + row.CustomCuts + '|' +
+                QString::number(row.PageNumber) + '|' + QString::number(row.Position);
+    return rows;
+}
+
+/// Names a key as an earlier version or another program may have left it.
+void NameOldKey(RunningProgram& run, int position) {
+    PatternsRow row = RowOf(run, position);
+    row.Label = "Old" + QString::number(position);
+    row.KeyWay = "kw";
+    row.Department = "Caretakers";
+    row.Description = "Cellar\r\nwest \n";
+    row.AlphaCode = "2001-02-03";
+    Recordset<PatternsRow>::Update(run.session.Keys(), row);
+    AllKeysRow named;
+    named.SystemNumber = row.SystemNumber;
+    named.PageNumber = 1;
+    named.Position = position;
+    named.KeyID = row.Label;
+    named.Cuts = row.Cuts;
+    named.CustomCuts = row.AlphaCode;
+    Recordset<AllKeysRow>::Add(run.session.Keys(), named);
+}
+
+TEST(FrmMain, LookingAroundStoresAndOffersNothing) {
+    RunningProgram run;
+    CreateKeySystem(run.session, StandardSystem("Pier", "395172"));
+    NameOldKey(run, 0);
+    NameOldKey(run, 9);
+    const QStringList before = Records(run);
+    run.StartAndLogOn();
+    Click(run.Form("frmOpenFile"), "cmdOpen");
+    QWidget* main = run.Form("frmMain");
+    const auto around = [&] {
+        for (const int cell : {9, 1, 0}) {
+            ClickCell(main, cell);
+            for (const char* box : {"txtKeyID", "txtKeyway", "txtDescription", "cmbDepartment"})
+                Find<QWidget>(main, box)->setFocus();
+        }
+        ClickCell(main, 2);
+        EXPECT_EQ(Find<QLineEdit>(main, "txtKeyway")->text(), "") << "offered without a save";
+        EXPECT_EQ(Find<QComboBox>(main, "cmbDepartment")->currentText(), "");
+        ClickCell(main, 0);
+    };
+    around();
+    for (const char* entry : {"mnuHelpAbout", "mnuAssignUsers", "mnuEditDepartment"}) {
+        Choose(main, entry);
+        for (const char* form : {"frmAbout", "frmKeyUsers", "frmDepartments"})
+            if (run.IsLoaded(form))
+                run.Form(form)->close();
+        EXPECT_EQ(Find<QLineEdit>(run.Form("frmMain"), "txtKeyID")->text(), "Old0");
+        around();
+    }
+    Click(main, "Picture1_0");
+    Find<QScrollBar>(main, "scrlPage")->setValue(2);
+    Find<QScrollBar>(main, "scrlPage")->setValue(1);
+    around();
+    main->close();
+    EXPECT_EQ(Records(run), before);
+    Click(run.Form("frmExit"), "cmdExit");
+    EXPECT_TRUE(run.ended);
+}
+
+TEST(FrmMain, ARenameIsAskedAboutHoweverTheKeyCameUp) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "front");
+    ClickCell(main, 7);
+    ClickCell(main, 6);
+    const auto refuse = [&] {
+        Type(main, "txtKeyID", "back");
+        run.boxes.Expect("Are you sure you want to save changes to this record?", BoxAnswer::No);
+    };
+    refuse();
+    Click(main, "Picture1_0");
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "FRONT") << "what holds is shown";
+    refuse();
+    ClickCell(main, 7);
+    ClickCell(main, 6);
+    Choose(main, "mnuHelpAbout");
+    Click(run.Form("frmAbout"), "cmdOK");
+    refuse();
+    ClickCell(main, 7);
+    EXPECT_EQ(RowOf(run, 6).Label, "FRONT       ");
+}
+
+TEST(FrmMain, TypedTextWithoutAKeyIDIsNotDroppedWithoutAQuestion) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    Type(main, "txtDescription", "Front door");
+    run.boxes.Expect("A key needs a Key ID to be stored", BoxAnswer::No);
+    ClickCell(main, 7);
+    EXPECT_EQ(CellOf(main, 6)->ShownState(), cellstate::kActive);
+    run.boxes.Expect("A key needs a Key ID to be stored", BoxAnswer::No);
+    main->close();
+    EXPECT_EQ(Find<QPlainTextEdit>(main, "txtDescription")->toPlainText(), "Front door");
+    Type(main, "txtKeyID", "front");
+    ClickCell(main, 7);
+    EXPECT_EQ(RowOf(run, 6).Description, "Front door");
+}
+
+TEST(FrmMain, AFullDescriptionRefusesWhatIsTooMuchWhereItIsTyped) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    auto* box = Find<QPlainTextEdit>(main, "txtDescription");
+    const QString full = QString(245, 'd') + "_end_";
+    box->setPlainText(full);
+    box->setFocus();
+    box->moveCursor(QTextCursor::Start);
+    box->moveCursor(QTextCursor::Right);
+    QTest::keyClicks(box, "xyz");
+    EXPECT_EQ(box->toPlainText(), full);
+    EXPECT_EQ(box->textCursor().position(), 1) << "the user is where he was";
+    QTest::keyClick(box, Qt::Key_Delete);
+    box->insertPlainText("1234");
+    EXPECT_EQ(box->toPlainText(), "d1" + full.mid(2)) << "as much as there is room for";
+}
+
+TEST(FrmMain, AFailedSaveKeepsTheTextAndLeavesAWayOut) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    run.session.Keys().Execute("CREATE TRIGGER \"Full\" BEFORE INSERT ON \"AllKeys\" BEGIN "
+                               "SELECT RAISE(ABORT, 'no room'); END");
+    ClickCell(main, 6);
+    Type(main, "txtKeyID", "front");
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        run.boxes.Expect("Leave it without saving?", BoxAnswer::No);
+        main->close();
+        EXPECT_EQ(Find<QLineEdit>(run.Form("frmMain"), "txtKeyID")->text(), "front");
+    }
+    run.boxes.Expect("Leave it without saving?", BoxAnswer::No);
+    Choose(main, "mnuFileOpen");
+    run.boxes.Expect("Leave it without saving?", BoxAnswer::Yes);
+    main->close();
+    EXPECT_TRUE(run.Form("frmExit"));
+}
+
+TEST(FrmMain, APageThatCannotBeReadLeavesTheShownOneWithItsNumber) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "395172"));
+    ClickCell(main, 5);
+    const QString cuts = LabelText(main, "lblCuts");
+    run.session.Keys().Execute("ALTER TABLE AllKeys RENAME TO Elsewhere");
+    auto* bar = Find<QScrollBar>(main, "scrlPage");
+    run.boxes.Expect("could not be");
+    emit bar->sliderMoved(7);
+    bar->setValue(7);
+    EXPECT_EQ(bar->value(), 1);
+    EXPECT_EQ(LabelText(main, "lblCurrentPage"), "1");
+    EXPECT_EQ(LabelText(main, "lblCuts"), cuts);
+    EXPECT_EQ(run.session.CurrentPage, 1);
+    run.session.Keys().Execute("ALTER TABLE Elsewhere RENAME TO AllKeys");
+    bar->setValue(7);
+    EXPECT_EQ(LabelText(main, "lblCurrentPage"), "7");
+}
+
+TEST(FrmMain, AConflictIsToldAndWhatHoldsIsShown) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    ClickCell(main, 6);
+    run.session.Keys().Execute("UPDATE Patterns SET Label = 'THEIRS' WHERE PageNumber = 1 AND "
+                               "Position = 6");
+    Type(main, "txtKeyID", "mine");
+    run.boxes.Expect("has been changed at another workstation");
+    ClickCell(main, 7);
+    EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "THEIRS");
+    EXPECT_EQ(CellOf(main, 6)->ShownState(), cellstate::kActive + cellstate::kLabelled);
+    ClickCell(main, 7); // and nothing is asked again
+    EXPECT_EQ(RowOf(run, 6).Label, "THEIRS");
+}
+
 TEST(FrmMain, LayoutsAndLegendAreToggled) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "395172"));
@@ -287,6 +473,29 @@ TEST(FrmMain, LayoutsAndLegendAreToggled) {
     EXPECT_TRUE(legend->isVisible());
     Click(main, "cmdLegend");
     EXPECT_FALSE(legend->isVisible());
+}
+
+TEST(FrmMain, NeitherLongTextsNorTheLegendMakeItLarger) {
+    RunningProgram few;
+    QWidget* plain = few.OpenMain(StandardSystem("Pier", "2715"));
+    const QSize least = plain->minimumSizeHint();
+
+    RunningProgram run;
+    const QString text = QString("in the north wing ").repeated(20).left(250);
+    NewSystem system = StandardSystem(text, "2715");
+    system.address = system.notes = system.lockBrand = text;
+    QWidget* main = run.OpenMain(system);
+    for (const int master : {4, 80, 84, 100}) {
+        ClickCell(main, master);
+        Type(main, "txtKeyID", QString("WWWWWWWW%1").arg(master));
+        Find<QPlainTextEdit>(main, "txtDescription")->setPlainText(text);
+    }
+    ClickCell(main, 0);
+    EXPECT_EQ(LabelText(main, "lblBlockMasterDesc"), text);
+    EXPECT_EQ(main->minimumSizeHint(), least);
+    Click(main, "cmdLegend");
+    EXPECT_EQ(main->minimumSizeHint(), least);
+    EXPECT_GT(Find<QWidget>(main, "frmLegend")->height(), 150);
 }
 
 TEST(FrmMain, SaysWhenNoMapFilesAreThere) {

@@ -1,6 +1,7 @@
 #include "page/PageView.h"
 #include "engine/CellStates.h"
 #include "page/CellLayout.h"
+#include "page/KeyRecord.h"
 #include "store/DoorTables.h"
 #include "store/Scramble.h"
 #include "support/TestProgram.h"
@@ -138,6 +139,59 @@ TEST_F(PageViewTest, ACellWithoutRowKeepsTheFormerPages) {
     EXPECT_NE(Cell(80).tag, former);
     page.ClearPageCells();
     EXPECT_TRUE(Cell(0).IsBlank());
+}
+
+TEST_F(PageViewTest, TheDateOfAKeyShowsWhereverTheKeyDoes) {
+    Open(StandardSystem("Six", "395172"));
+    KeyRecord record(program.session, page);
+    const auto name = [&](int cell) {
+        record.Open(cell, true);
+        KeyRecordText screen{QStringLiteral("K%1").arg(cell), {}, {}, {}};
+        EXPECT_TRUE(record.SaveKeyRecord(screen));
+    };
+    name(106);
+    name(107);
+    for (const int number : {1, 2, 16, 64}) {
+        Turn(number);
+        EXPECT_EQ(Cell(107).date, "2026-03-15") << number;
+        const bool sameGroup = RightTrimmed(Cell(106).keyLabel) == "K106";
+        EXPECT_EQ(sameGroup, number <= 16);
+        EXPECT_EQ(Cell(106).date, sameGroup ? "2026-03-15" : "") << number;
+    }
+    Open(StandardSystem("Four", "2715"));
+    name(104);
+    Turn(1);
+    EXPECT_EQ(Cell(100).date, "2026-03-15") << "the page master is a column master too";
+}
+
+TEST_F(PageViewTest, ARowThatCannotBeReadBlanksItsCellAlone) {
+    Open(StandardSystem("Six", "395172"));
+    for (const char* broken : {"NULL", "'x'", "''", "'\u20ac\u20ac\u20ac\u20ac\u20ac\u20ac'"}) {
+        Change(std::string("Cuts = ") + broken, 2, 0);
+        Change(std::string("Cuts = ") + broken, 2, 7);
+        Change("Position = -1", 2, 9);
+        Turn(2);
+        for (const int cell : {0, 7}) {
+            EXPECT_TRUE(Cell(cell).isUnreadable && Cell(cell).IsBlank()) << broken;
+            EXPECT_EQ(Cell(cell).toolTip, "This key cannot be read.");
+        }
+        EXPECT_EQ(page.CountUnreadable(), 2);
+        EXPECT_EQ(Cell(8).tag.substr(0, 3), "113");
+        EXPECT_EQ(Cell(104).tag, "113172 ") << "the levels are known from the other keys";
+    }
+    Turn(3);
+    EXPECT_EQ(page.CountUnreadable(), 0);
+}
+
+TEST_F(PageViewTest, APageThatCannotBeReadLeavesTheFormerWhole) {
+    Open(StandardSystem("Six", "395172"));
+    const std::string first = Cell(0).tag;
+    const std::string level = Cell(104).tag;
+    keys().Execute("ALTER TABLE AllKeys RENAME TO Elsewhere"); // the last that is read
+    EXPECT_THROW(Turn(2), DatabaseError);
+    EXPECT_EQ(page.LoadedPage(), 1);
+    EXPECT_EQ(Cell(0).tag, first);
+    EXPECT_EQ(Cell(104).tag, level);
 }
 
 TEST_F(PageViewTest, TheSpecialRowTellsTheTypeAndStandsInNoCell) {

@@ -1,4 +1,5 @@
 #include "pinning/PinSizes.h"
+#include "platform/Recordset.h"
 #include "support/FormDriver.h"
 
 #include <QComboBox>
@@ -69,9 +70,9 @@ TEST_F(FrmManufacturer, KeepsTheSizesOfANewBrandCutToFourCharacters) {
     EXPECT_EQ(TextOf("txtBottom_2"), ".180");
 
     ChooseBrand("quayside");
-    run.boxes.Expect("delete quayside?", BoxAnswer::No);
+    run.boxes.Expect("delete Quayside?", BoxAnswer::No);
     Click(form, "Command1");
-    run.boxes.Expect("delete quayside?", BoxAnswer::Yes);
+    run.boxes.Expect("delete Quayside?", BoxAnswer::Yes);
     Click(form, "Command1");
     EXPECT_FALSE(FindPinSizes(run.session, "Quayside"));
     EXPECT_EQ(TextOf("txtBottom_2"), ".180") << "the brand that is left is shown";
@@ -79,7 +80,11 @@ TEST_F(FrmManufacturer, KeepsTheSizesOfANewBrandCutToFourCharacters) {
 
 TEST_F(FrmManufacturer, AsksBeforeWhatWasTypedIsDropped) {
     Type(form, "txtBottom_2", "9.99");
-    run.boxes.Expect("The pin sizes of generic .015 INCH steps are not saved", BoxAnswer::No);
+    run.boxes.Expect("What you have typed for Generic .015 inch steps", BoxAnswer::No);
+    ChooseBrand("Quayside");
+    EXPECT_EQ(TextOf("txtBottom_2"), "9.99");
+    EXPECT_FALSE(FindPinSizes(run.session, "Quayside"));
+    run.boxes.Expect("What you have typed for Generic .015 inch steps", BoxAnswer::Yes);
     ChooseBrand("Quayside");
     Type(form, "txtTop_1", ".020");
     run.boxes.Expect("What you have typed for Quayside is not saved", BoxAnswer::No);
@@ -89,6 +94,38 @@ TEST_F(FrmManufacturer, AsksBeforeWhatWasTypedIsDropped) {
     EXPECT_FALSE(run.IsLoaded("frmManufacturer"));
     EXPECT_EQ(FindPinSizes(run.session, "Generic .015 inch steps")->bottom[2], ".180");
     EXPECT_EQ(FindPinSizes(run.session, "Quayside")->top[1], ".020");
+}
+
+TEST_F(FrmManufacturer, TheBrandInTheBoxIsTheOneThatACommandActsOn) {
+    // A shortcut does not move the focus out of the box.
+    auto* combo = Find<QComboBox>(form, "cmbLockBrand");
+    combo->setFocus();
+    combo->setEditText("Quayside  ");
+    QTest::keyClick(combo, Qt::Key_S, Qt::AltModifier);
+    QTest::qWait(200); // The button comes up again before it counts as clicked.
+    EXPECT_EQ(FindPinSizes(run.session, "quayside")->bottom[2], " ");
+    EXPECT_EQ(FindPinSizes(run.session, "Generic .015 inch steps")->bottom[2], ".180");
+    combo->setEditText({});
+    run.boxes.Expect("Type the name of the lock brand");
+    Click(form, "cmdRecord");
+    EXPECT_EQ(Recordset<ManufacturerRow>(run.session.Keys()).Count(), 2);
+}
+
+TEST_F(FrmManufacturer, SizesOfTwoWorkstationsAreMerged) {
+    run.session.Keys().Execute("UPDATE Manufacturer SET Bottom3 = '.777'");
+    Type(form, "txtBottom_2", ".888");
+    Click(form, "cmdRecord");
+    EXPECT_EQ(TextOf("txtBottom_3"), ".777");
+    EXPECT_EQ(FindPinSizes(run.session, "Generic .015 inch steps")->bottom[3], ".777");
+    run.session.Keys().Execute("UPDATE Manufacturer SET Bottom2 = '.666'");
+    Type(form, "txtBottom_2", ".999");
+    run.boxes.Expect("has been changed at another workstation");
+    Click(form, "cmdRecord");
+    EXPECT_EQ(TextOf("txtBottom_2"), ".666");
+    run.session.Keys().Execute("DELETE FROM Manufacturer");
+    run.boxes.Expect("delete Generic", BoxAnswer::Yes);
+    run.boxes.Expect("is no longer in the file");
+    Click(form, "Command1");
 }
 
 TEST_F(FrmManufacturer, WithoutTheRightNothingIsStored) {

@@ -28,6 +28,11 @@ TEST(LockBrands, AnEmptyBrandIsAddedToAnEmptyTableOnly) {
     EXPECT_TRUE(LearnLockBrand(session, ""));
     EXPECT_EQ(Recordset<ManufacturerRow>(session.Keys()).Count(), 1);
     EXPECT_TRUE(ListLockBrands(session).empty());
+    // It is not taken for every other brand.
+    EXPECT_TRUE(LearnLockBrand(session, "Harbour"));
+    EXPECT_FALSE(LearnLockBrand(session, "Harbour "));
+    EXPECT_TRUE(FindPinSizes(session, "HARBOUR   "));
+    EXPECT_THROW(FindOrAddLockBrand(session, "  "), std::invalid_argument);
 }
 
 } // namespace

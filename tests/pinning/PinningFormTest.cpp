@@ -1,4 +1,6 @@
 #include "pinning/frmPinningChart.h"
+#include "platform/Recordset.h"
+#include "store/SystemTables.h"
 #include "support/FormDriver.h"
 
 #include <QFile>
@@ -59,6 +61,7 @@ TEST(FrmPinningChart, ShowsTheChartOfTheKeyThatWasJustNamed) {
     EXPECT_EQ(Row(chart, "lblTopPins"), top + "..");
     EXPECT_FALSE(Find<QWidget>(chart, "frmTall")->isVisible());
     EXPECT_TRUE(Find<QWidget>(chart, "picCylinder")->accessibleDescription().contains(cuts));
+    EXPECT_EQ(Find<QLabel>(chart, "lblTop_2")->accessibleName(), "Master Pins Size, chamber 3");
     Click(chart, "cmdOK");
     EXPECT_EQ(run.Form("frmMain"), main);
     EXPECT_FALSE(run.IsLoaded("frmPinningChart"));
@@ -82,7 +85,8 @@ TEST(FrmPinningChart, OfACoreAsksTwiceForAMasterAndPrints) {
     EXPECT_EQ(Row(chart, "lblDrivePins"), "8D8D8D.");
     EXPECT_EQ(TextOf(chart, "lblBot_0"), ".165");
     EXPECT_EQ(TextOf(chart, "lblTall_9"), " .300");
-    EXPECT_TRUE(TextOf(chart, "lblFlaws").contains("Chamber 6"));
+    EXPECT_TRUE(TextOf(chart, "lblWarnings").startsWith("This Key is a Master Level Key!"));
+    EXPECT_TRUE(TextOf(chart, "lblNotes").startsWith("Chambers 1, 2, 3, 4, 5 and 6: no master"));
 
     const QString path = run.folder.filePath("chart.pdf");
     run.boxes.ExpectFileDialog("PDF Files (*.pdf)|*.pdf", path);
@@ -124,9 +128,74 @@ TEST(FrmPinningChart, StaysEmptyForWhoMayNotReadCuts) {
     EXPECT_FALSE(Find<QPushButton>(run.Form("frmMain"), "cmdPinning")->isEnabled());
     PinningRequest request;
     request.key = request.master = request.control = "1234";
+    request.lockBrand = "Nobody's";
     frmPinningChart chart(run.session, MakePinningChart(run.session, request));
     EXPECT_EQ(TextOf(&chart, "lblCuts"), "");
     EXPECT_EQ(chart.findChild<QLabel*>("lblTopPins_0"), nullptr);
+    chart.show();
+    QTest::keyClick(&chart, Qt::Key_PageDown);
+    EXPECT_EQ(TextOf(&chart, "lblCuts") + TextOf(&chart, "lblNotes"), "");
+}
+
+/// Gives the first change keys of the open file their Key IDs.
+void NameFirstKeys(Session& session, const QStringList& keyIDs) {
+    for (int cell = 0; cell < keyIDs.size(); ++cell) {
+        const auto atCell = Query<PatternsRow>()
+                                .Where(&PatternsRow::PageNumber, 1)
+                                .Where(&PatternsRow::Position, cell);
+        auto row = *Recordset<PatternsRow>(session.Keys(), atCell).First();
+        row.Label = keyIDs[cell];
+        row.Description = QStringLiteral("Door of ") + keyIDs[cell];
+        Recordset<PatternsRow>::Update(session.Keys(), row);
+    }
+}
+
+TEST(FrmPinningChart, GoesToTheNextAndThePreviousNamedKey) {
+    RunningProgram run;
+    NewSystem system = Core();
+    system.special = "313133"; // the cuts of the key in cell 1
+    CreateKeySystem(run.session, system);
+    NameFirstKeys(run.session, {"A1", "A2", "A3"});
+    run.StartAndLogOn();
+    Click(run.Form("frmOpenFile"), "cmdOpen");
+    QWidget* main = run.Form("frmMain");
+    Click(main, "ChgKey_0");
+    Click(main, "cmdPinning");
+    QWidget* chart = run.Form("frmPinningChartIC");
+    EXPECT_EQ(TextOf(chart, "lblCuts"), "313131");
+    EXPECT_FALSE(Find<QPushButton>(chart, "cmdPrevious")->isEnabled());
+    QTest::keyClick(chart, Qt::Key_PageUp);
+    EXPECT_EQ(TextOf(chart, "lblKeyID"), "A1") << "there is none before";
+
+    run.boxes.Expect("This key has the cuts of the control key");
+    QTest::keyClick(chart, Qt::Key_PageDown);
+    EXPECT_EQ(TextOf(chart, "lblKeyID"), "A2");
+    EXPECT_EQ(TextOf(chart, "lblDescription"), "Door of A2");
+    EXPECT_EQ(TextOf(chart, "lblCuts"), "313133");
+    EXPECT_EQ(Row(chart, "lblTopPins"), "262624.");
+    EXPECT_EQ(Row(chart, "lblControlPins"), "A4A4A6.");
+    EXPECT_TRUE(TextOf(chart, "lblWarnings").startsWith("This key has the cuts of the control"));
+    Click(chart, "cmdNext");
+    EXPECT_EQ(TextOf(chart, "lblKeyID"), "A3");
+    EXPECT_EQ(TextOf(chart, "lblWarnings"), "");
+    EXPECT_FALSE(Find<QPushButton>(chart, "cmdNext")->isEnabled());
+    EXPECT_TRUE(
+        Find<QWidget>(chart, "picCylinder")->accessibleDescription().contains("key 313135"));
+    Click(chart, "cmdOK");
+    EXPECT_EQ(run.Form("frmMain"), main);
+}
+
+TEST(FrmPinningChart, WarnsOfTheControlKeysCutsWhenItComesUp) {
+    RunningProgram run;
+    PinningRequest request;
+    request.key = request.control = "3571";
+    request.master = "1359";
+    run.session.SessionPermissions.RunReports = false;
+    frmPinningChart chart(run.session, MakePinningChart(run.session, request));
+    run.boxes.Expect("This key has the cuts of the control key");
+    chart.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(run.boxes.All().size(), 1U);
 }
 
 } // namespace

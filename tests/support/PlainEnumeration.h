@@ -43,6 +43,13 @@ public:
         return counts;
     }
 
+    int UsableWithinSafetyFactor() const {
+        return static_cast<int>(
+            std::count_if(patterns.begin(), patterns.end(), [](const Pattern& key) {
+                return key.position < 80 && key.position % 5 < 4 && key.text.back() != '*';
+            }));
+    }
+
 private:
     std::string CutsAt(int i) const {
         int start = m_definition.minPin;

@@ -34,7 +34,16 @@ TEST(CheckNewSystem, RefusesWhatCannotBeCreated) {
     EXPECT_EQ(refusal([](NewSystem& s) { s.name = ""; }), Field::Name);
     EXPECT_EQ(refusal([](NewSystem& s) { s.name = "   "; }), Field::Name);
     EXPECT_EQ(refusal([](NewSystem& s) { s.name = " town hall "; }), Field::Name);
-    EXPECT_EQ(refusal([](NewSystem& s) { s.definition.pins = 3; }), Field::Pins);
+    const auto number = [&](int SystemDefinition::*field, int value) {
+        return refusal([=](NewSystem& s) { s.definition.*field = value; });
+    };
+    EXPECT_EQ(number(&SystemDefinition::pins, 3), Field::Pins);
+    EXPECT_EQ(number(&SystemDefinition::pins, 2147483647), Field::Pins);
+    EXPECT_EQ(number(&SystemDefinition::minPin, -2147483647), Field::MinimumPin);
+    EXPECT_EQ(number(&SystemDefinition::maxPin, 10), Field::MaximumPin);
+    EXPECT_EQ(number(&SystemDefinition::increment, 0), Field::Increment);
+    EXPECT_EQ(number(&SystemDefinition::increment, -1), Field::Increment);
+    EXPECT_EQ(number(&SystemDefinition::safetyFactor, 1), Field::SafetyFactor);
     EXPECT_EQ(refusal([](NewSystem& s) { s.definition.pins = 5; }), Field::Master);
     EXPECT_EQ(refusal([](NewSystem& s) { s.definition.master = "39517x"; }), Field::Master);
     EXPECT_EQ(refusal([](NewSystem& s) { s.definition.master = " 95172"; }), Field::Master);
@@ -48,12 +57,29 @@ TEST(CheckNewSystem, RefusesWhatCannotBeCreated) {
     EXPECT_EQ(refusal(angled("12345")), Field::Angle);
     EXPECT_EQ(refusal(angled("12345L")), Field::Angle);
     EXPECT_EQ(refusal(angled("123456")), std::nullopt);
-    EXPECT_EQ(refusal([](NewSystem& s) { s.type = SystemType::ICCore23; }), Field::Control);
+    const auto core = [](const char* control) {
+        return [control](NewSystem& s) {
+            s.type = SystemType::ICCore23;
+            s.special = QString::fromLatin1(control);
+        };
+    };
+    EXPECT_EQ(refusal(core("")), Field::Control);
+    EXPECT_EQ(refusal(core("395172")), Field::Control) << "the master key would draw every core";
+    EXPECT_EQ(refusal(core("395170")), std::nullopt);
+    EXPECT_EQ(refusal(angled("395172")), std::nullopt);
     // Ten cuts, none of them the master's, on each of three positions: too many pages.
     EXPECT_EQ(refusal([](NewSystem& s) { s.definition.increment = 1; }), Field::Master);
     // The only cut of every position is the master's.
     EXPECT_EQ(refusal([](NewSystem& s) { s.definition = Definition("444444", 4, 5, 4); }),
               Field::MinimumPin);
+}
+
+TEST(CheckNewSystem, SaysWhatANumberCanBe) {
+    TestProgram program;
+    NewSystem system = StandardSystem("New", "395172");
+    system.definition.increment = 0;
+    EXPECT_EQ(CheckNewSystem(program.session, system)->text,
+              "Increment: the number can be 1 to 4, and it is 0.");
 }
 
 TEST(CreateKeySystem, WritesTheKnownSystemsAsThePreviewCountsThem) {

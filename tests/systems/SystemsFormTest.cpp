@@ -47,7 +47,8 @@ TEST_F(FrmCreateFile, HoldsTheNumbersWithinTheirLimits) {
                  {"txtMinimumPin", "7", "4"},   {"txtMinimumPin", "-1", "0"},
                  {"txtNumberofPins", "0", "4"}, {"txtNumberofPins", "8", "7"},
                  {"txtIncrement", "5", "4"},    {"txtIncrement", "x", "1"},
-                 {"txtSafetyFactor", "1", "2"}, {"txtSafetyFactor", "99", "9"}};
+                 {"txtSafetyFactor", "1", "2"}, {"txtSafetyFactor", "99", "9"},
+                 {"txtMinimumPin", "x", "0"},   {"txtMinimumPin", ".5", "0"}};
     for (const auto& test : cases) {
         // Pasted whole: each key by itself would be held within the limits at once.
         Find<QLineEdit>(form, test.field)->setText(test.typed);
@@ -76,8 +77,16 @@ TEST_F(FrmCreateFile, PreviewFollowsTheMasterAndTheValues) {
     }
     Type(form, "txtIncrement", "3");
     EXPECT_NE(Find<QLabel>(form, "lblTotalChanges")->text(), "Total Usable Change Keys = 256");
+    const auto* within = Find<QLabel>(form, "lblWithinSafety");
+    Type(form, "txtIncrement", "2");
+    Type(form, "txtSafetyFactor", "9");
+    EXPECT_EQ(within->text(), "Of these within the Safety Factor = 256");
+    Type(form, "txtSafetyFactor", "2");
+    EXPECT_EQ(Find<QLabel>(form, "lblTotalChanges")->text(), "Total Usable Change Keys = 256");
+    EXPECT_EQ(within->text(), "Of these within the Safety Factor = 22");
     Type(form, "txtNumberofPins", "5");
     EXPECT_EQ(list->Count(), 0) << "a master of four cuts says nothing about five pins";
+    EXPECT_EQ(within->text(), "Of these within the Safety Factor =");
 }
 
 TEST_F(FrmCreateFile, TooWideARangeForIncrementOneLeavesTheListAsItIs) {
@@ -136,6 +145,8 @@ TEST_F(FrmCreateFile, RefusesBeforeAnythingIsWrittenAndSaysWhichField) {
     refused("Angle Values: 6 digits", "txtAngle");
     Click(form, "opType_2");
     refused("Control Key: 6 digits", "txtControlKey");
+    Type(form, "txtControlKey", "395172");
+    refused("Control Key: these are the cuts of the master key", "txtControlKey");
     Type(form, "txtControlKey", "135790");
     Click(form, "cmdCreate");
     EXPECT_EQ(Find<QLabel>(run.Form("frmMain"), "lblControlKey")->text(), "135790");
@@ -216,6 +227,23 @@ TEST_F(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
     QCoreApplication::processEvents();
     EXPECT_EQ(list->Lines(), QStringList({"Pier", "Quay", "Basin"}));
     EXPECT_EQ(list->CurrentRow(), 1) << "the selection stays";
+}
+
+TEST_F(FrmOpenFile, ChoosesNoOtherSystemForOneThatIsGone) {
+    list->SetCurrentRow(0);
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    EXPECT_EQ(Workstation(run.folder.path(), {"delete", "Pier"}).Finish(), 0);
+    open->activateWindow();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->Lines(), QStringList("Quay"));
+    Click(open, "cmdDelete");
+    Click(open, "cmdOpen");
+    EXPECT_EQ(run.Form("frmOpenFile"), open);
+    QTest::keyClick(list, Qt::Key_Down);
+    Click(open, "cmdOpen");
+    EXPECT_EQ(Find<QLabel>(run.Form("frmMain"), "lblSystem")->text(), "Quay");
 }
 
 TEST_F(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
