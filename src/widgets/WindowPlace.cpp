@@ -115,6 +115,7 @@ void FitIntoScreen(QWidget& window) {
     const QSize room = FreeRoom(window);
     if (needed.width() <= room.width() && needed.height() <= room.height())
         return;
+    QWidget* const focus = window.focusWidget();
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -130,6 +131,8 @@ void FitIntoScreen(QWidget& window) {
         around->addWidget(area);
     }
     window.setMinimumSize(0, 0);
+    if (focus) // Moving house, the controls have lost it.
+        focus->setFocus();
 }
 
 } // namespace quorrel

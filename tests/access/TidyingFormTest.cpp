@@ -4,6 +4,7 @@
 #include "store/DatabaseFiles.h"
 #include "store/DoorTables.h"
 #include "support/FormDriver.h"
+#include "support/OtherSession.h"
 #include "widgets/TextList.h"
 
 #include <QComboBox>
@@ -72,7 +73,16 @@ TEST_F(FrmDepartments, RenamesTheSelectedOne) {
 TEST_F(FrmDepartments, GivesARenamingUpOnEscapeAndClosesOnTheNext) {
     ClickLine(0);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(0));
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_TRUE(list->isEnabled()) << "nothing was typed";
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_FALSE(list->isEnabled()) << "Enter is the default button";
     Type(form, "txtRename", "SHED");
+    run.boxes.Expect("The new name of department STORES is not saved.", BoxAnswer::No);
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_FALSE(list->isEnabled());
+    run.boxes.Expect("The new name of department STORES is not saved.", BoxAnswer::Yes);
     QTest::keyClick(form, Qt::Key_Escape);
     EXPECT_TRUE(list->isEnabled());
     EXPECT_EQ(ListDepartments(session), (QStringList{"STORES", "Office", "PIER"}));
@@ -108,6 +118,29 @@ TEST_F(FrmDepartments, DeletesAfterAQuestion) {
     EXPECT_EQ(run.boxes.Last().title, session.ProgramTitle);
     EXPECT_EQ(ListDepartments(session), (QStringList{"STORES", "Office"}));
     EXPECT_EQ(list->CurrentText(), "Office");
+}
+
+TEST_F(FrmDepartments, OnesThatAreGoneAreToldAndNothingIsWritten) {
+    OtherSession other(run);
+    ClickLine(0);
+    Click(form, "cmdRename");
+    Type(form, "txtRename", "Shed");
+    RenameDepartment(other.session, "STORES", "DEPOT");
+    run.boxes.Expect("Department STORES is no longer in the file");
+    Click(form, "cmdSave");
+    EXPECT_EQ(list->Lines(), (QStringList{"Office", "PIER", "DEPOT"}));
+    EXPECT_EQ(Find<QLabel>(form, "lblFoot")->text(), "You had typed: Shed");
+    ClickLine(0);
+    DeleteDepartment(other.session, "Office");
+    run.boxes.Expect("Are you sure you want to delete Office?", BoxAnswer::Yes);
+    run.boxes.Expect("Department Office is no longer in the file");
+    Click(form, "cmdDelete");
+    EXPECT_EQ(list->Lines(), (QStringList{"PIER", "DEPOT"}));
+    ClickLine(0);
+    Click(form, "cmdRename");
+    Type(form, "txtRename", "Quay");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Find<QLabel>(form, "lblFoot")->text(), "Department PIER renamed to QUAY");
 }
 
 TEST_F(FrmDepartments, WithoutTheRightNothingHappens) {

@@ -22,7 +22,10 @@ inline ListedKey KeyNamed(Session& session, const QString& keyID) {
         if (key.keyID == keyID)
             return key;
     for (PatternsRow row :
-         Recordset<PatternsRow>(session.Keys(), OfSystem<PatternsRow>(session)).Rows()) {
+         Recordset<PatternsRow>(session.Keys(), OfSystem<PatternsRow>(session)
+                                                    .OrderBy(&PatternsRow::PageNumber)
+                                                    .OrderBy(&PatternsRow::Position))
+             .Rows()) {
         if (!row.Label.trimmed().isEmpty())
             continue;
         row.Label = keyID;
@@ -69,7 +72,10 @@ public:
 
 private:
     void ActOnce() {
-        const ListedKey key = KeyNamed(m_session, Pick(OfficeKeys()));
+        if (m_keys.empty())
+            for (const QString& keyID : OfficeKeys())
+                m_keys.push_back(KeyNamed(m_session, keyID));
+        const ListedKey& key = m_keys[static_cast<std::size_t>(Below(2))];
         switch (Below(8)) {
         case 0:
             Issue(key);
@@ -113,7 +119,7 @@ private:
         const auto holders = HoldersOfLine(m_session, key, line);
         if (holders.size() != 1)
             throw std::runtime_error("Holders of " + line.toStdString());
-        TakeBackUnit(m_session, key, line, holders[0], "note", lost);
+        TakeBackUnit(m_session, key, line, holders[0], QString(50, u'n'), lost);
         ++(lost ? m_done.lost : m_done.returned);
     }
 
@@ -125,6 +131,7 @@ private:
 
     Session& m_session;
     std::mt19937 m_random;
+    std::vector<ListedKey> m_keys;
     Tally m_done;
 };
 
@@ -146,6 +153,7 @@ inline QStringList FlawsOfBooks(Session& session) {
     QStringList flaws;
     QMap<QString, int> units; // "key/unit" to how often it is free and how often held
     QSet<qint64> numbers;
+    session.Keys().Execute("BEGIN"); // Both tables as they are at one moment.
     for (const KeyUnitRow& row : Recordset<KeyUnitRow>(session.Keys()).Rows()) {
         QString plain = row.UnitID;
         plain.remove(kReturned).remove(kLost);
@@ -164,6 +172,7 @@ inline QStringList FlawsOfBooks(Session& session) {
         else if (++units[name] > 1)
             flaws += "held and in another state: " + name;
     }
+    session.Keys().Execute("COMMIT");
     return flaws;
 }
 
