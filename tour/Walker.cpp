@@ -1,6 +1,7 @@
 #include "Walker.h"
 
 #include "app/Program.h"
+#include "widgets/Form.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -279,7 +280,8 @@ void Walker::Settle() {
 
 void Walker::Watch() {
     QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog || !dialog->isVisible()) {
+    // A form of the program is walked as any other, even where it keeps the others waiting.
+    if (!dialog || !dialog->isVisible() || dynamic_cast<FormCore*>(dialog)) {
         m_met = nullptr;
         return;
     }
