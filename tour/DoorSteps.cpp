@@ -10,6 +10,7 @@ namespace quorrel::tour {
 namespace {
 
 const QString kLabel = QStringLiteral("cmbDoorLabel");
+const QString kFoot = QStringLiteral("lblFoot");
 
 /// Clicks the line of a list that begins with a text.
 void Choose(Walker& walker, const QString& list, const QString& begin) {
@@ -41,7 +42,10 @@ void RecordDoor(Tour& tour) {
                 QStringLiteral("Left hand, opens inwards. Sound-proof door."));
     walker.Click(QStringLiteral("ckKeyed"));
     walker.Picture(QStringLiteral("doors-new"));
+    walker.Press(Qt::Key_Return);
+    walker.CheckText(kLabel, QStringLiteral("Room 103"));
     walker.Click(QStringLiteral("cmdSave"));
+    walker.CheckText(kFoot, QStringLiteral("Door Room 103 added"));
     walker.CheckText(kLabel, {});
     walker.CheckFocus(kLabel);
     walker.Type(kLabel, QStringLiteral("Room 103"));
@@ -59,6 +63,7 @@ void AssignDoor(Tour& tour) {
     walker.Click(QStringLiteral("cmdAssignTo"));
     CheckLines(walker, QStringLiteral("lstKeyedDoors"), 2);
     walker.CheckContains(QStringLiteral("txtKeyedTo"), QStringLiteral("A1-101"));
+    walker.CheckText(kFoot, QStringLiteral("Door Room 103 assigned to A1-101"));
     walker.Picture(QStringLiteral("doors-assigned"));
     CheckHelp(tour, "frmDoors", help::kDoors, QStringLiteral("doors-help"));
     walker.Check(!walker.Find<QWidget>(QStringLiteral("cmdViewXK")).isEnabled(),

@@ -2,6 +2,7 @@
 
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
 #include "store/OfSystem.h"
@@ -35,6 +36,12 @@ void Replace(Session& session, const QString& department, const QString& replace
         if (stored.toUpper().startsWith(wanted) && !(blank && passOverBlanks))
             WithDepartment<Row>(session, stored).SetAll(&Row::Department, replacement);
     }
+}
+
+/// Makes sure that a department is in the list, written as it was shown.
+void RequireAsListed(Session& session, const QString& department) {
+    if (!ListDepartments(session).contains(department))
+        throw ChangedElsewhere::Deleted(QStringLiteral("Department ") + department);
 }
 
 /// Deletes a department's rows from the list of departments.
@@ -79,7 +86,8 @@ void RenameDepartment(Session& session, const QString& from, const QString& to) 
     const QString name = RightTrimmed(to.toUpper().left(kDepartmentWidth));
     if (name == from)
         return;
-    Transaction transaction(session.Keys());
+    SystemTransaction transaction(session);
+    RequireAsListed(session, from);
     DeleteFromList(session, from);
     KeepInList(session, name);
     Replace<PatternsRow>(session, from, name, true);
@@ -88,7 +96,8 @@ void RenameDepartment(Session& session, const QString& from, const QString& to) 
 }
 
 void DeleteDepartment(Session& session, const QString& name) {
-    Transaction transaction(session.Keys());
+    SystemTransaction transaction(session);
+    RequireAsListed(session, name);
     Replace<PatternsRow>(session, name, QString(kDepartmentWidth, u' '), false);
     DeleteFromList(session, name);
     Replace<KeyUsersRow>(session, name, QString(), true);

@@ -15,6 +15,7 @@ frmDepartments::frmDepartments(Session& session)
     ui->setupUi(this);
     PlaceAt(0.25, 0.25);
     OfferHelp(help::kDepartments, ui->cmdHelp);
+    OfferFoot();
     ui->lstDepartment->setFont(font()); // Names are in no columns.
     ui->txtRename->setMaxLength(kDepartmentWidth);
     On(ui->lstDepartment, &TextList::Clicked, [this] { ApplySelection(); });
@@ -71,8 +72,11 @@ void frmDepartments::Save() {
     if (!m_session.SessionPermissions.AlterKeyInformation || !m_renaming)
         return;
     const BusyPointer busy;
+    const QString before = ui->lstDepartment->CurrentText();
     const QString name = ui->txtRename->text().toUpper();
-    RenameDepartment(m_session, ui->lstDepartment->CurrentText(), name);
+    RenameDepartment(m_session, before, name);
+    if (name != before)
+        Tell(tr("Department %1 renamed to %2").arg(before, name));
     ShowRenaming(false);
     LoadDepartmentList(-1);
     const auto renamed = ui->lstDepartment->Lines().indexOf(RightTrimmed(name));
@@ -90,14 +94,29 @@ void frmDepartments::Delete() {
     const BusyPointer busy;
     const int row = ui->lstDepartment->CurrentRow();
     DeleteDepartment(m_session, name);
+    Tell(tr("Department %1 deleted").arg(name));
     LoadDepartmentList(row);
 }
 
+QString frmDepartments::Unsaved() const {
+    const QString name = ui->lstDepartment->CurrentText();
+    return m_renaming && ui->txtRename->text().toUpper() != name.toUpper()
+               ? tr("The new name of department %1").arg(name)
+               : QString();
+}
+
+void frmDepartments::Reload() {
+    if (m_renaming && !Unsaved().isEmpty())
+        Tell(tr("You had typed: ") + ui->txtRename->text());
+    ShowRenaming(false);
+    LoadDepartmentList(-1);
+}
+
 void frmDepartments::reject() {
-    if (m_renaming)
-        ShowRenaming(false);
-    else
+    if (!m_renaming)
         Form::reject();
+    else if (MayDrop())
+        ShowRenaming(false);
 }
 
 } // namespace quorrel

@@ -18,8 +18,12 @@ public:
     explicit frmDepartments(Session& session);
     ~frmDepartments() override;
 
-    /// Escape gives a renaming up before it closes the form.
+    /// Escape gives a renaming up, after a question, before it closes the form.
     void reject() override;
+
+protected:
+    QString Unsaved() const override;
+    void Reload() override;
 
 private:
     void LoadDepartmentList(int row);

@@ -2,8 +2,13 @@
 
 #include "access/HardwareDescriptions.h"
 #include "doors/DoorLists.h"
+#include "platform/Text.h"
 #include "ui_frmEditHardware.h"
 #include "widgets/HelpContexts.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
 
 namespace quorrel {
 
@@ -11,11 +16,11 @@ frmEditHardware::frmEditHardware(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmEditHardware>()) {
     ui->setupUi(this);
     OfferHelp(help::kHardware);
+    OfferFoot();
     QFont bold = font();
     bold.setBold(true);
     ui->lblHardware->setFont(bold);
-    On(ui->cmbHardware, &QComboBox::editTextChanged,
-       [this](const QString& text) { ShowDescription(text); });
+    On(ui->cmbHardware, &QComboBox::editTextChanged, [this] { ShowDescription(); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
     On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
     Guarded([this] { LoadHardwareList({}); });
@@ -23,26 +28,61 @@ frmEditHardware::frmEditHardware(Session& session)
 
 frmEditHardware::~frmEditHardware() = default;
 
+/// The usual button is meant where the new description is typed, not where one is chosen.
+void frmEditHardware::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && ui->cmbHardware->hasFocus())
+        ui->txtChangeTo->setFocus();
+    else
+        Form::keyPressEvent(event);
+}
+
 /// Reads the list and selects a description of it; none when it is not there.
 void frmEditHardware::LoadHardwareList(const QString& shown) {
     const QStringList descriptions = ListHardwareTypes(m_session);
-    const QString present = descriptions.contains(shown) ? shown : QString();
-    ui->cmbHardware->SetTexts(descriptions, present);
-    ShowDescription(present);
+    ui->cmbHardware->SetTexts(descriptions, descriptions.contains(shown) ? shown : QString());
+    ShowDescription();
 }
 
-void frmEditHardware::ShowDescription(const QString& description) {
-    ui->lblHardware->setText(description);
-    ui->txtChangeTo->setText(description);
-    // Doors without hardware have no description to replace.
-    ui->cmdSave->setEnabled(!description.isEmpty());
+void frmEditHardware::ShowDescription() {
+    const QString shown = ui->cmbHardware->currentText();
+    ui->lblHardware->setText(shown);
+    ui->txtChangeTo->setText(shown);
+    m_proposal = ui->txtChangeTo->text();
+    // A box holds the beginning of a text that is too long for it.
+    const QStringList known = ui->cmbHardware->Texts();
+    const auto whole = std::find_if(known.begin(), known.end(), [&](const QString& text) {
+        return text.left(ui->txtChangeTo->maxLength()) == shown;
+    });
+    m_description = whole == known.end() ? QString() : *whole;
+    ui->cmdSave->setEnabled(!m_description.isEmpty());
 }
 
 void frmEditHardware::Save() {
     const BusyPointer busy;
     const QString to = ui->txtChangeTo->text();
-    ReplaceHardware(m_session, ui->lblHardware->text(), to, ui->opAll->isChecked());
+    const QString from = Named(m_description);
+    if (to == m_proposal) {
+        Tell(tr("%1 is as it was: type another description").arg(from));
+        return;
+    }
+    if (!ReplaceHardware(m_session, m_description, to, ui->opAll->isChecked())) {
+        Tell(tr("No door of this system has %1, only doors of others").arg(from));
+        return;
+    }
+    Tell(to.isEmpty() ? tr("%1 taken away").arg(from)
+                      : tr("%1 replaced by %2").arg(from, Named(to)));
     LoadHardwareList(to);
+}
+
+void frmEditHardware::Reload() {
+    LoadHardwareList(m_description);
+}
+
+QString frmEditHardware::Unsaved() const {
+    if (m_description.isEmpty() || ui->txtChangeTo->text() == m_proposal)
+        return {};
+    return tr("The new description for %1").arg(Named(m_description));
 }
 
 } // namespace quorrel

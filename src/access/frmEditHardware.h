@@ -18,12 +18,19 @@ public:
     explicit frmEditHardware(Session& session);
     ~frmEditHardware() override;
 
+protected:
+    void Reload() override;
+    QString Unsaved() const override;
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void LoadHardwareList(const QString& shown);
-    void ShowDescription(const QString& description);
+    void ShowDescription();
     void Save();
 
     std::unique_ptr<Ui::frmEditHardware> ui;
+    QString m_description; ///< the one to replace, whole; empty when there is none in the file
+    QString m_proposal;    ///< what the box of the new one held first
 };
 
 } // namespace quorrel

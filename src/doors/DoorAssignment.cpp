@@ -1,8 +1,9 @@
 #include "doors/DoorAssignment.h"
 
-#include "doors/DoorLists.h"
+#include "doors/DoorRecords.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
@@ -19,7 +20,7 @@ struct KeyName {
     static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(Label)}; }
 };
 
-/// A door's label and what it is assigned to: an update touches nothing else of the door.
+/// A door's label and what it is assigned to.
 struct DoorKey {
     using Self = DoorKey;
     using Whole = DoorsRow;
@@ -51,36 +52,56 @@ QString FindKeyID(Session& session, const QString& keyLine) {
     return found;
 }
 
-void GiveKey(Session& session, const QString& doorLine, const QString& cutsLabel) {
-    Database& keys = session.Keys();
-    const QString wanted = Padded(doorLine, kDoorColumn);
-    const auto doors = Recordset<DoorKey>(keys, OfSystem<DoorKey>(session).WhereBegins(
-                                                    &DoorsRow::DoorLabel, RightTrimmed(wanted)))
-                           .Rows();
-    for (DoorKey door : doors) {
-        if (Padded(door.DoorLabel, kDoorColumn) != wanted)
-            continue;
-        door.CutsLabel = cutsLabel;
-        Recordset<DoorKey>::Update(keys, door);
-    }
+/// The door that a line stands for, as it is stored now.
+DoorKey RequireDoor(Session& session, const RowLine& line) {
+    const QString subject = DoorNamed(line.label);
+    const auto door = StoredRow<DoorKey>(session.Keys(), line.key, subject);
+    if (door.DoorLabel != line.label)
+        throw ChangedElsewhere::Deleted(subject);
+    return door;
+}
+
+void RequireKey(Session& session, const RowLine& line) {
+    const QString subject = QStringLiteral("Key ID ") + Named(line.label);
+    if (StoredRow<KeyName>(session.Keys(), line.key, subject).Label != line.label)
+        throw ChangedElsewhere::Deleted(subject);
+}
+
+/// Gives a key to all doors of a line, and tells how many they are.
+int GiveKey(Session& session, const RowLine& line, const QString& cutsLabel) {
+    const QString wanted = Padded(line.label, kDoorColumn);
+    std::vector<RowKey> doors;
+    Recordset<DoorKey>(session.Keys(), OfSystem<DoorKey>(session).WhereBegins(&DoorsRow::DoorLabel,
+                                                                              RightTrimmed(wanted)))
+        .Walk([&](const DoorKey& door) {
+            if (Padded(door.DoorLabel, kDoorColumn) == wanted)
+                doors.push_back(door.key);
+            return true;
+        });
+    Recordset<DoorKey>(session.Keys(), Query<DoorsRow>().WhereKeys(doors))
+        .SetAll(&DoorsRow::CutsLabel, cutsLabel);
+    return static_cast<int>(doors.size());
 }
 
 } // namespace
 
-void AssignDoorToKey(Session& session, const QString& keyLine, const QString& doorLine) {
-    if (keyLine.isEmpty() || doorLine.isEmpty())
-        return;
-    Transaction transaction(session.Keys());
-    GiveKey(session, doorLine, FindKeyID(session, keyLine));
+Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& door) {
+    SystemTransaction transaction(session);
+    RequireKey(session, key);
+    RequireDoor(session, door);
+    const QString keyID = FindKeyID(session, key.text);
+    const Assignment assignment{GiveKey(session, door, keyID), keyID};
     transaction.Commit();
+    return assignment;
 }
 
-void RemoveDoorFromKey(Session& session, const QString& doorLine) {
-    if (doorLine.isEmpty())
-        return;
-    Transaction transaction(session.Keys());
-    GiveKey(session, doorLine, QString(7, u' '));
+int RemoveDoorFromKey(Session& session, const RowLine& key, const RowLine& door) {
+    SystemTransaction transaction(session);
+    if (!IsKeyedTo(key.text, RequireDoor(session, door).CutsLabel))
+        throw ChangedElsewhere::Changed(QStringLiteral("The key of door ") + Named(door.label));
+    const int doors = GiveKey(session, door, QString(7, u' '));
     transaction.Commit();
+    return doors;
 }
 
 } // namespace quorrel

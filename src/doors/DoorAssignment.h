@@ -1,18 +1,27 @@
 #pragma once
 
-#include "store/Session.h"
+#include "doors/DoorLists.h"
 
 namespace quorrel {
 
+/// Which doors were given to which key.
+struct Assignment {
+    int doors = 0; ///< how many
+    QString keyID; ///< as it is stored; empty when the key was not found and the doors have none
+};
+
 /// Assigns the doors of a line of the list of doors to the key of a line of the list of Key IDs. A
 /// door has one key: one that had another is moved. Doors whose labels agree in the column of the
-/// line are assigned together. Does nothing when no door or no key was chosen.
+/// line are assigned together.
 ///
 /// A Key ID that fills its column with fewer than two blanks left is not told apart from the
 /// description behind it: no key is found then, and the doors get an empty Key ID.
-void AssignDoorToKey(Session& session, const QString& keyLine, const QString& doorLine);
+///
+/// Throws `ChangedElsewhere` when the key or the door of a line has another name by now or is gone.
+Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& door);
 
-/// Takes their key from the doors of a line. Does nothing when no door was chosen.
-void RemoveDoorFromKey(Session& session, const QString& doorLine);
+/// Takes their key from the doors of a line of those that are assigned to the key of a line. Gives
+/// how many they were. Throws `ChangedElsewhere` when that door is gone or has another key by now.
+int RemoveDoorFromKey(Session& session, const RowLine& key, const RowLine& door);
 
 } // namespace quorrel

@@ -29,7 +29,7 @@ struct ListedDoor {
     }
 
     bool Hidden() const { return IsNoValue(DoorLabel + QStringLiteral("  ")); }
-    QString Line() const { return DoorLine(DoorLabel, DoorDescription); }
+    RowLine Line() const { return {key, DoorLabel, DoorLine(DoorLabel, DoorDescription)}; }
 };
 
 bool Begins(const QString& text, const QString& upper) {
@@ -65,8 +65,8 @@ void WalkKeys(Session& session, Visit&& visit) {
         });
 }
 
-QString KeyColumn(const QString& label) {
-    return Left(label + QString(10, u' '), kKeyColumn);
+RowLine KeyLine(const NamedKeyRow& key, const QString& description) {
+    return {key.key, key.Label, Left(key.Label + QString(10, u' '), kKeyColumn) + description};
 }
 
 } // namespace
@@ -75,39 +75,42 @@ QString DoorLine(const QString& label, const QString& description) {
     return Padded(label, kDoorColumn) + description;
 }
 
-DoorList ListDoors(Session& session) {
-    DoorList list;
-    WalkDoors(session, [&](const ListedDoor& door) {
-        list.labels.append(door.DoorLabel);
-        list.lines.append(door.Line());
-    });
-    return list;
+QStringList TextsOf(const RowLines& lines) {
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(lines.size()));
+    for (const RowLine& line : lines)
+        texts.append(line.text);
+    return texts;
 }
 
-QStringList SearchDoors(Session& session, const QString& text) {
+RowLines ListDoors(Session& session) {
+    return SearchDoors(session, {});
+}
+
+RowLines SearchDoors(Session& session, const QString& text) {
     const QString upper = text.toUpper();
-    QStringList lines;
+    RowLines lines;
     WalkDoors(session, [&](const ListedDoor& door) {
         if (Begins(door.DoorLabel, upper))
-            lines.append(door.Line());
+            lines.push_back(door.Line());
     });
     return lines;
 }
 
-QStringList ListKeyableKeys(Session& session) {
-    QStringList lines;
+RowLines ListKeyableKeys(Session& session) {
+    RowLines lines;
     WalkKeys(session, [&](const NamedKeyRow& key) {
-        lines.append(KeyColumn(key.Label) + OneLine(key.Description));
+        lines.push_back(KeyLine(key, OneLine(key.Description)));
     });
     return lines;
 }
 
-QStringList SearchKeyableKeys(Session& session, const QString& text) {
+RowLines SearchKeyableKeys(Session& session, const QString& text) {
     const QString upper = text.toUpper();
-    QStringList lines;
+    RowLines lines;
     WalkKeys(session, [&](const NamedKeyRow& key) {
         if (Begins(key.Label, upper))
-            lines.append(KeyColumn(key.Label) + key.Description);
+            lines.push_back(KeyLine(key, key.Description));
     });
     return lines;
 }
@@ -125,17 +128,22 @@ QStringList ListHardwareTypes(Session& session) {
     return types;
 }
 
-QStringList ListKeyedDoors(Session& session, const QString& keyLine) {
-    QStringList lines;
+bool IsKeyedTo(const QString& keyLine, const QString& cutsLabel) {
+    return Padded(cutsLabel, kKeyColumn) == Padded(keyLine, kKeyColumn);
+}
+
+RowLines ListKeyedDoors(Session& session, const QString& keyLine) {
+    RowLines lines;
     if (keyLine.isEmpty())
         return lines;
-    const QString keyID = Padded(keyLine, kKeyColumn);
-    Recordset<KeyedDoorRow>(session.Keys(), OfSystem<KeyedDoorRow>(session).WhereBegins(
-                                                &DoorsRow::CutsLabel, RightTrimmed(keyID)))
+    const QString keyID = RightTrimmed(keyLine.left(kKeyColumn));
+    Recordset<KeyedDoorRow>(
+        session.Keys(), OfSystem<KeyedDoorRow>(session).WhereBegins(&DoorsRow::CutsLabel, keyID))
         .Walk([&](const KeyedDoorRow& door) {
-            if (Padded(door.CutsLabel, kKeyColumn) == keyID &&
+            if (IsKeyedTo(keyLine, door.CutsLabel) &&
                 !IsNoValue(door.DoorLabel + QStringLiteral("  ")))
-                lines.append(DoorLine(door.DoorLabel, door.DoorDescription));
+                lines.push_back(
+                    {door.key, door.DoorLabel, DoorLine(door.DoorLabel, door.DoorDescription)});
             return true;
         });
     return lines;

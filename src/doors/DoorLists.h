@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <vector>
+
 /// \file
 /// The lines of the lists about doors. What stands in their first columns is what a chosen line is
 /// compared by, so the widths are part of the rules.
@@ -18,30 +20,37 @@ inline constexpr int kKeyColumn = 12;
 /// The line of a door.
 QString DoorLine(const QString& label, const QString& description);
 
-/// The doors of the open system in table order, without those whose label hides them.
-struct DoorList {
-    QStringList labels;
-    QStringList lines;
+/// A line of a list and the stored row that it stands for.
+struct RowLine {
+    RowKey key = 0;
+    QString label; ///< of the door, or the Key ID, as it was stored when the line was made
+    QString text;
 };
+using RowLines = std::vector<RowLine>;
 
-/// All doors. Raises the session's `HighDoorNumber` to the highest that it meets.
-DoorList ListDoors(Session& session);
+QStringList TextsOf(const RowLines& lines);
 
-/// The lines of the doors whose label begins with a text, whatever its case. Raises
-/// `HighDoorNumber` by all doors.
-QStringList SearchDoors(Session& session, const QString& text);
+/// The doors of the open system in table order, without those whose label hides them. Raises the
+/// session's `HighDoorNumber` to the highest that it meets.
+RowLines ListDoors(Session& session);
+
+/// The doors whose label begins with a text, whatever its case. Raises `HighDoorNumber` by all.
+RowLines SearchDoors(Session& session, const QString& text);
 
 /// The change keys with a Key ID, each on one line, in the order of pages and positions.
-QStringList ListKeyableKeys(Session& session);
+RowLines ListKeyableKeys(Session& session);
 
 /// Those whose Key ID begins with a text, whatever its case, with the line breaks of their
 /// descriptions.
-QStringList SearchKeyableKeys(Session& session, const QString& text);
+RowLines SearchKeyableKeys(Session& session, const QString& text);
 
 /// Every type of hardware in the file, of all systems, in the order of first appearance.
 QStringList ListHardwareTypes(Session& session);
 
-/// The lines of the doors that are assigned to the key of a line. None for an empty line.
-QStringList ListKeyedDoors(Session& session, const QString& keyLine);
+/// Whether a door that is assigned to a Key ID is among the doors of the key of a line.
+bool IsKeyedTo(const QString& keyLine, const QString& cutsLabel);
+
+/// The doors that are assigned to the key of a line. None for an empty line.
+RowLines ListKeyedDoors(Session& session, const QString& keyLine);
 
 } // namespace quorrel

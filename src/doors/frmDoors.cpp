@@ -1,32 +1,85 @@
 #include "doors/frmDoors.h"
 
 #include "doors/DoorAssignment.h"
-#include "doors/DoorLists.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "ui_frmDoors.h"
 #include "widgets/HelpContexts.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace quorrel {
 
 namespace {
 
-/// Characters of a label that a question shows.
-constexpr int kLabelInQuestion = 80;
+/// Characters of a text that its box shows; the one-line boxes have the same bound.
+constexpr int kShownLength = 32767;
 
-QString InQuestion(const QString& label) {
-    return label.size() <= kLabelInQuestion ? label : label.left(kLabelInQuestion) + u'\u2026';
+/// Shows a stored text. One that is too long for the box is cut, and is not to be changed then: its
+/// rest would be lost.
+void ShowText(QPlainTextEdit& box, const QString& text) {
+    box.setPlainText(text.left(kShownLength));
+    box.setReadOnly(text.size() > kShownLength);
+}
+
+void ShowText(TextCombo& box, const QString& text) {
+    box.setEditText(text);
+    box.lineEdit()->setCursorPosition(0);
+    box.lineEdit()->setReadOnly(text.size() > kShownLength);
+}
+
+/// "Door A-101", or how many doors.
+QString Doors(int doors, const QString& label) {
+    return doors == 1 ? DoorNamed(label) : frmDoors::tr("%1 doors").arg(doors);
+}
+
+QString WhatBecame(const SavedDoor& saved) {
+    const QString door = DoorNamed(saved.label);
+    QString text = saved.what == SavedDoor::What::Added     ? frmDoors::tr("%1 added")
+                   : saved.what == SavedDoor::What::Changed ? frmDoors::tr("%1 changed")
+                                                            : frmDoors::tr("%1 is as it was");
+    text = text.arg(door);
+    if (saved.hardwareCut)
+        text += frmDoors::tr(", with the first 50 characters of its hardware");
+    return text;
 }
 
 } // namespace
 
+void frmDoors::RowList::Show(RowLines newLines) {
+    const RowLine* chosen = Chosen();
+    const RowKey key = chosen ? chosen->key : 0;
+    lines = std::move(newLines);
+    list->SetLines(TextsOf(lines));
+    Choose(key);
+}
+
+void frmDoors::RowList::Choose(RowKey key) {
+    const auto row = std::find_if(lines.begin(), lines.end(),
+                                  [&](const RowLine& line) { return line.key == key; });
+    list->SetCurrentRow(row == lines.end() ? -1 : static_cast<int>(row - lines.begin()));
+}
+
+const RowLine* frmDoors::RowList::Chosen() const {
+    const int row = list->CurrentRow();
+    return row < 0 ? nullptr : &lines.at(static_cast<std::size_t>(row));
+}
+
 frmDoors::frmDoors(Session& session, const DoorWindows& offered)
     : Form(session), ui(std::make_unique<Ui::frmDoors>()), m_offered(offered) {
     ui->setupUi(this);
+    m_keys.list = ui->lstKeyIDs;
+    m_doors.list = ui->lstAllDoors;
+    m_keyedDoors.list = ui->lstKeyedDoors;
+    // A label is the door that it names, however long it is.
+    ui->cmbDoorLabel->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
+    OfferFoot();
     PlaceAt(0.25, 0.25);
     OfferHelp(help::kDoors);
     OfferWindows();
@@ -53,8 +106,10 @@ void frmDoors::OfferWindows() {
 void frmDoors::WatchRecord() {
     ui->cmbDoorLabel->installEventFilter(this);
     On(ui->cmbDoorLabel, &QComboBox::editTextChanged, [this] { LabelChanged(); });
-    On(ui->cmbDoorLabel, &QComboBox::activated, [this] { LabelChanged(); });
+    On(ui->cmbDoorLabel, &QComboBox::activated, [this] { LabelChosen(); });
     On(ui->cmbHardware, &QComboBox::editTextChanged, [this] { ShowHardwareCount(); });
+    On(ui->cmbHardware, &QComboBox::activated,
+       [this] { ui->cmbHardware->lineEdit()->setReadOnly(false); });
     On(ui->ckCrossKeyed, &QCheckBox::toggled,
        [this](bool crossKeyed) { ui->cmdViewXK->setEnabled(crossKeyed && m_offered.crossKey); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
@@ -71,17 +126,29 @@ void frmDoors::WatchLists() {
     On(ui->lstAllDoors, &TextList::DoubleClicked, [this] { Assign(); });
     On(ui->cmdRemoveFrom, &QPushButton::clicked, [this] { Remove(); });
     On(ui->lstKeyedDoors, &TextList::DoubleClicked, [this] { Remove(); });
-    On(ui->txtSearchDoor, &QLineEdit::textChanged, [this](const QString& text) {
-        ui->lstAllDoors->Refill(SearchDoors(m_session, text), kDoorColumn);
-    });
+    On(ui->txtSearchDoor, &QLineEdit::textChanged,
+       [this](const QString& text) { m_doors.Show(SearchDoors(m_session, text)); });
     On(ui->txtSearchKey, &QLineEdit::textChanged,
-       [this](const QString& text) { SetKeyLines(SearchKeyableKeys(m_session, text)); });
+       [this](const QString& text) { FillKeys(SearchKeyableKeys(m_session, text)); });
 }
 
 bool frmDoors::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn)
         TestLabel();
     return Form::eventFilter(watched, event);
+}
+
+/// No button is the usual one: only its own click saves. In a box the Enter key leads on to the
+/// next, on a button it is the click.
+void frmDoors::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        Form::keyPressEvent(event);
+        return;
+    }
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+        button->click();
+    else
+        focusNextChild();
 }
 
 void frmDoors::Activated() {
@@ -93,7 +160,18 @@ void frmDoors::Activated() {
 }
 
 void frmDoors::AskFor(const QString& label) {
+    SetLabel(label);
+    if (!m_shown.stored)
+        m_shown.text.label = label; // It was not typed.
+    ShowRecord();
+}
+
+/// Puts a label into its box, which is no edit.
+void frmDoors::SetLabel(const QString& label) {
+    const QSignalBlocker blocker(ui->cmbDoorLabel);
     ui->cmbDoorLabel->setEditText(label);
+    m_label = label;
+    TestLabel();
 }
 
 DoorText frmDoors::TypedRecord() const {
@@ -108,6 +186,16 @@ DoorText frmDoors::TypedRecord() const {
     return typed;
 }
 
+void frmDoors::ShowTexts(const DoorText& text) {
+    ShowText(*ui->txtDoorDescription, text.description);
+    ShowText(*ui->txtDoorLocation, text.location);
+    ShowText(*ui->cmbHardware, text.hardware);
+    ShowText(*ui->txtHardwareSpecs, text.details);
+    ui->ckKeyed->setChecked(text.keyed);
+    ui->ckCrossKeyed->setChecked(text.crossKeyed);
+}
+
+/// Fills the lists anew and empties the record.
 void frmDoors::LoadDoorLists() {
     for (QPushButton* button : {ui->cmdAssignTo, ui->cmdRemoveFrom, ui->cmdDelete, ui->cmdSave})
         button->setEnabled(MayAssign());
@@ -116,38 +204,35 @@ void frmDoors::LoadDoorLists() {
         const QSignalBlocker blocker(search);
         search->clear();
     }
-    SetKeyLines(ListKeyableKeys(m_session));
-    const DoorList doors = ListDoors(m_session);
-    ui->cmbDoorLabel->SetTexts(doors.labels);
-    ui->lstAllDoors->Refill(doors.lines, kDoorColumn);
-    ui->cmbHardware->SetTexts(ListHardwareTypes(m_session));
-    ClearRecord();
-}
-
-/// Empties the record after its boxes have been filled anew.
-void frmDoors::ClearRecord() {
-    for (QPlainTextEdit* field :
-         {ui->txtDoorDescription, ui->txtDoorLocation, ui->txtHardwareSpecs})
-        field->clear();
-    ui->txtDoorID->clear();
-    ui->txtKeyedTo->clear();
-    ui->ckKeyed->setChecked(false);
-    ui->ckKeyed->setText(KeyedCaption(0));
-    ui->ckCrossKeyed->setChecked(false);
-    ShowMapCaption(false);
+    FillLists();
+    SetLabel({});
+    ShowTexts({});
+    ShowNoDoor();
     ShowHardwareCount();
-    TestLabel();
-    m_shown = TypedRecord();
+    m_shown = {std::nullopt, TypedRecord()};
 }
 
-/// Fills the list of keys. The key that was chosen stays so when it is among them.
-void frmDoors::SetKeyLines(const QStringList& lines) {
-    ui->lstKeyIDs->Refill(lines, kKeyColumn);
+/// Fills the lists anew, as far as they are searched for.
+void frmDoors::FillLists() {
+    const QString key = ui->txtSearchKey->text();
+    FillKeys(key.isEmpty() ? ListKeyableKeys(m_session) : SearchKeyableKeys(m_session, key));
+    const RowLines doors = ListDoors(m_session);
+    QStringList labels;
+    for (const RowLine& door : doors)
+        labels.append(door.label);
+    ui->cmbDoorLabel->Refill(labels);
+    const QString door = ui->txtSearchDoor->text();
+    m_doors.Show(door.isEmpty() ? doors : SearchDoors(m_session, door));
+    ui->cmbHardware->Refill(ListHardwareTypes(m_session));
+}
+
+void frmDoors::FillKeys(RowLines keys) {
+    m_keys.Show(std::move(keys));
     ShowKeyedDoors();
 }
 
 void frmDoors::ShowKeyedDoors() {
-    ui->lstKeyedDoors->Refill(ListKeyedDoors(m_session, ui->lstKeyIDs->CurrentText()));
+    m_keyedDoors.Show(ListKeyedDoors(m_session, ui->lstKeyIDs->CurrentText()));
 }
 
 void frmDoors::LoadKeyedDoors() {
@@ -156,8 +241,30 @@ void frmDoors::LoadKeyedDoors() {
 }
 
 void frmDoors::LabelChanged() {
+    m_kept = false;
+    const bool typed = ui->cmbDoorLabel->lineEdit()->isModified();
+    if (!typed && !MayDropRecord()) {
+        SetLabel(m_label);
+        m_kept = true;
+        return;
+    }
+    m_label = ui->cmbDoorLabel->currentText();
     TestLabel();
     ShowRecord();
+}
+
+/// A choice from the labels, which need not have changed the label.
+void frmDoors::LabelChosen() {
+    if (!std::exchange(m_kept, false) && MayDropRecord())
+        ShowRecord();
+}
+
+/// Asks before what was typed into a record gives way to a door that was chosen.
+bool frmDoors::MayDropRecord() {
+    return !m_shown.DiffersIn(TypedRecord()) ||
+           m_session.boxes.ConfirmsLoss(
+               tr("What you have typed into this record is not saved. Leave it without saving?"),
+               m_session.ProgramTitle);
 }
 
 void frmDoors::TestLabel() {
@@ -168,21 +275,37 @@ void frmDoors::TestLabel() {
 /// Brings up the door of the label in its box. Without one all stays as it is, so that a new label
 /// can be typed over an old one.
 void frmDoors::ShowRecord() {
-    const auto door = LoadDoorRecord(m_session, ui->cmbDoorLabel->currentText());
-    if (!door)
+    const QString label = ui->cmbDoorLabel->currentText();
+    if (const auto door = LoadDoorRecord(m_session, label)) {
+        const bool dropped = m_shown.DiffersIn(TypedRecord());
+        ShowDoor(*door);
+        if (dropped)
+            Tell(tr("What was typed before %1 came up was not saved").arg(DoorNamed(label)));
         return;
-    ui->txtDoorDescription->setPlainText(door->DoorDescription);
-    ui->txtDoorLocation->setPlainText(door->DoorLocation);
-    ui->txtDoorID->setText(Str(door->DoorID).trimmed());
-    ui->txtKeyedTo->setText(door->CutsLabel);
-    ui->cmbHardware->setEditText(door->Text1);
-    ui->cmbHardware->lineEdit()->setCursorPosition(0);
-    ui->txtHardwareSpecs->setPlainText(door->Text2);
-    ui->ckKeyed->setChecked(door->Sing2 == 1);
-    ui->ckKeyed->setText(KeyedCaption(door->Long1));
-    ShowMapCaption(door->LinkMapID != 0);
-    ui->ckCrossKeyed->setChecked(door->Crosskeyed);
-    m_shown = TypedRecord();
+    }
+    if (m_shown.IsMeantBy(label))
+        return;
+    // Blanks on the right keep a door from coming up, not from being meant.
+    m_shown.stored = FindDoorMeant(m_session, label);
+    if (m_shown.stored)
+        m_shown.text = TextOf(*m_shown.stored);
+}
+
+void frmDoors::ShowDoor(const DoorsRow& door) {
+    ShowTexts(TextOf(door));
+    ui->txtDoorID->setText(Str(door.DoorID).trimmed());
+    ui->txtKeyedTo->setText(door.CutsLabel);
+    ui->ckKeyed->setText(KeyedCaption(door.Long1));
+    ShowMapCaption(door.LinkMapID != 0);
+    m_shown = {door, TypedRecord()};
+}
+
+/// What tells of a stored door tells of none.
+void frmDoors::ShowNoDoor() {
+    ui->txtDoorID->clear();
+    ui->txtKeyedTo->clear();
+    ui->ckKeyed->setText(KeyedCaption(0));
+    ShowMapCaption(false);
 }
 
 void frmDoors::ShowMapCaption(bool attached) {
@@ -196,16 +319,60 @@ void frmDoors::ShowHardwareCount() {
 
 /// The key of the door on the screen may be another one by now.
 void frmDoors::ShowKeyedTo() {
-    if (const auto door = FindDoor(m_session, ui->cmbDoorLabel->currentText()))
-        ui->txtKeyedTo->setText(door->CutsLabel);
+    const auto door = FindDoor(m_session, ui->cmbDoorLabel->currentText());
+    if (!door || !m_shown.stored || door->key != m_shown.stored->key)
+        return;
+    m_shown.stored->CutsLabel = door->CutsLabel;
+    ui->txtKeyedTo->setText(door->CutsLabel);
+}
+
+void frmDoors::Reload() {
+    FillLists();
+    if (std::exchange(m_recordAged, false))
+        ReloadRecord();
+    else
+        ShowKeyedTo();
+}
+
+/// Shows the record as it is stored now, and what was typed where that meets nobody else's change.
+void frmDoors::ReloadRecord() {
+    const DoorText typed = TypedRecord();
+    const ShownDoor before = m_shown;
+    auto door = LoadDoorRecord(m_session, typed.label);
+    if (!door)
+        door = FindDoorMeant(m_session, typed.label);
+    if (door) {
+        ShowDoor(*door);
+        ShowTexts(TextAfterConflict(typed, before, *door));
+        return;
+    }
+    // What stands in the boxes is all that there is of the door.
+    ShowNoDoor();
+    m_shown = {};
+    Tell(tr("%1 is not stored any more. Save adds it anew.").arg(DoorNamed(typed.label)));
+}
+
+/// Runs what writes the record on the form.
+template <class Action>
+void frmDoors::OnRecord(Action&& action) {
+    try {
+        action();
+    } catch (const ChangedElsewhere&) {
+        m_recordAged = true;
+        throw;
+    }
 }
 
 /// Stores what is typed and begins anew. Gives the stored label, if there was one to store under.
 std::optional<QString> frmDoors::StoreRecord() {
-    auto stored = SaveDoorRecord(m_session, TypedRecord());
-    if (stored)
-        LoadDoorLists();
-    return stored;
+    std::optional<SavedDoor> saved;
+    OnRecord([&] { saved = SaveDoorRecord(m_session, TypedRecord(), m_shown); });
+    if (!saved)
+        return std::nullopt;
+    Tell(WhatBecame(*saved));
+    LoadDoorLists();
+    m_doors.Choose(saved->key);
+    return saved->label;
 }
 
 /// Stores what is typed and goes on with the same door.
@@ -213,7 +380,8 @@ void frmDoors::KeepRecord() {
     ui->cmdDelete->setEnabled(MayAssign());
     if (const auto stored = StoreRecord())
         AskFor(*stored);
-    ShowRecord();
+    else
+        ShowRecord();
 }
 
 void frmDoors::Save() {
@@ -227,30 +395,57 @@ void frmDoors::Save() {
 
 void frmDoors::Delete() {
     const QString label = ui->cmbDoorLabel->currentText();
-    if (!MayAssign() || !FindDoor(m_session, label))
+    if (!MayAssign())
         return;
-    if (!m_session.boxes.ConfirmsLoss(
-            tr("Are you sure you want to delete %1?").arg(InQuestion(label)),
-            m_session.ProgramTitle))
+    if (!m_shown.stored || m_shown.stored->DoorLabel != label) {
+        Tell(tr("No door has been brought up, so none was deleted"));
         return;
-    DeleteDoorRecord(m_session, label);
+    }
+    if (!m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(Named(label)),
+                                      m_session.ProgramTitle))
+        return;
+    OnRecord([this] { DeleteDoorRecord(m_session, *m_shown.stored); });
+    Tell(tr("%1 deleted").arg(DoorNamed(label)));
     LoadDoorLists();
     ui->cmbDoorLabel->setFocus();
     ui->cmdDelete->setEnabled(HasDoors(m_session));
 }
 
 void frmDoors::Assign() {
+    const RowLine* key = m_keys.Chosen();
+    const RowLine* door = m_doors.Chosen();
     if (!MayAssign())
         return;
-    AssignDoorToKey(m_session, ui->lstKeyIDs->CurrentText(), ui->lstAllDoors->CurrentText());
+    if (!key || !door) {
+        Tell(tr("Choose a Key ID and a door, then add it"));
+        return;
+    }
+    const auto [count, keyID] = AssignDoorToKey(m_session, *key, *door);
+    const QString doors = Doors(count, door->label);
+    if (keyID.isEmpty()) {
+        const QString text = tr("%1 left without a key: a Key ID of more than 10 characters, such "
+                                "as %2, cannot be assigned.")
+                                 .arg(doors, Named(key->label));
+        Tell(text);
+        m_session.boxes.Message(text, m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
+    } else {
+        Tell(tr("%1 assigned to %2").arg(doors, Named(keyID)));
+    }
     LoadKeyedDoors();
     ShowKeyedTo();
 }
 
 void frmDoors::Remove() {
+    const RowLine* key = m_keys.Chosen();
+    const RowLine* door = m_keyedDoors.Chosen();
     if (!MayAssign())
         return;
-    RemoveDoorFromKey(m_session, ui->lstKeyedDoors->CurrentText());
+    if (!key || !door) {
+        Tell(tr("Choose a Key ID and one of its doors, then remove it"));
+        return;
+    }
+    const int count = RemoveDoorFromKey(m_session, *key, *door);
+    Tell(tr("%1 removed from %2").arg(Doors(count, door->label), Named(key->label)));
     LoadKeyedDoors();
     ShowKeyedTo();
 }
@@ -277,9 +472,11 @@ void frmDoors::OpenCrossKeyPage() {
 
 QString frmDoors::Unsaved() const {
     const DoorText typed = TypedRecord();
-    if (typed == m_shown || RightTrimmed(typed.label).isEmpty() || !MayAssign())
+    if (!m_shown.DiffersFrom(typed))
         return {};
-    return tr("What you have typed for door %1").arg(InQuestion(typed.label));
+    return RightTrimmed(typed.label).isEmpty()
+               ? tr("What you have typed")
+               : tr("What you have typed for door %1").arg(Named(typed.label));
 }
 
 } // namespace quorrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "doors/DoorLists.h"
 #include "doors/DoorRecords.h"
 #include "widgets/Form.h"
 
@@ -10,6 +11,8 @@ class frmDoors;
 }
 
 namespace quorrel {
+
+class TextList;
 
 /// Which of the windows that the door form leads on to the program has.
 struct DoorWindows {
@@ -34,7 +37,7 @@ public:
     explicit frmDoors(Session& session, const DoorWindows& offered = {});
     ~frmDoors() override;
 
-    /// Brings up the door of a label, as typing it does.
+    /// Brings up the door of a label.
     void AskFor(const QString& label);
 
 signals:
@@ -46,29 +49,51 @@ signals:
 
 protected:
     void Activated() override;
+    void Reload() override;
     QString Unsaved() const override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    /// A list and the rows that its lines stand for.
+    struct RowList {
+        TextList* list = nullptr;
+        RowLines lines;
+
+        /// Fills it. The row that was chosen stays so where it is among the lines still.
+        void Show(RowLines newLines);
+        void Choose(RowKey key);
+        const RowLine* Chosen() const;
+    };
+
     void OfferWindows();
     void WatchRecord();
     void WatchLists();
     bool MayAssign() const { return m_session.SessionPermissions.IssueKeys; }
-    DoorText TypedRecord() const;
 
+    DoorText TypedRecord() const;
+    void ShowTexts(const DoorText& text);
     void LoadDoorLists();
-    void ClearRecord();
-    void SetKeyLines(const QStringList& lines);
+    void FillLists();
+    void FillKeys(RowLines keys);
     void ShowKeyedDoors();
     void LoadKeyedDoors();
 
+    void SetLabel(const QString& label);
     void LabelChanged();
+    void LabelChosen();
+    bool MayDropRecord();
     void TestLabel();
     void ShowRecord();
+    void ShowDoor(const DoorsRow& door);
+    void ShowNoDoor();
     void ShowMapCaption(bool attached);
     void ShowHardwareCount();
     void ShowKeyedTo();
+    void ReloadRecord();
 
+    template <class Action>
+    void OnRecord(Action&& action);
     std::optional<QString> StoreRecord();
     void KeepRecord();
     void Save();
@@ -80,8 +105,12 @@ private:
 
     std::unique_ptr<Ui::frmDoors> ui;
     DoorWindows m_offered;
-    DoorText m_shown;    ///< the record as it came up
-    bool m_away = false; ///< hidden while another window works on the door
+    RowList m_keys, m_doors, m_keyedDoors;
+    ShownDoor m_shown;
+    QString m_label;           ///< what its box held before it changed
+    bool m_kept = false;       ///< a choice from the labels was taken back
+    bool m_recordAged = false; ///< it is not stored as it was shown
+    bool m_away = false;       ///< hidden while another window works on the door
 };
 
 } // namespace quorrel

@@ -1,6 +1,7 @@
 #include "holders/KeyLogs.h"
 
 #include "platform/Recordset.h"
+#include "store/Conflict.h"
 #include "store/HolderTables.h"
 #include "store/OfSystem.h"
 
@@ -200,7 +201,7 @@ std::unordered_map<RowKey, LogEntry> ReadLog(Session& session, KeyLog log,
 std::vector<LogConflict> WriteLog(Session& session, KeyLog log, std::vector<LogChange>& changes) {
     return WithRowOf(log, [&]<class Row>(const Row&) {
         Database& keys = session.Keys();
-        Transaction transaction(keys);
+        SystemTransaction transaction(session);
         auto conflicts = FindConflicts(session, log, changes);
         if (!conflicts.empty())
             return conflicts;
@@ -224,7 +225,7 @@ std::vector<LogConflict> WriteLog(Session& session, KeyLog log, std::vector<LogC
 
 std::optional<LogConflict> DeleteLogEntry(Session& session, KeyLog log, const LogEntry& read) {
     return WithRowOf(log, [&]<class Row>(const Row&) -> std::optional<LogConflict> {
-        Transaction transaction(session.Keys());
+        SystemTransaction transaction(session);
         const auto stored = FindEntry(session, log, read.key);
         if (stored && *stored != read)
             return LogConflict{read.key, stored};

@@ -11,6 +11,8 @@
 
 namespace quorrel {
 
+// What writes throws `SystemGone` when the open system has been deleted at another workstation.
+
 /// The two logs. They differ in their table and in the name of its row key alone.
 enum class KeyLog { Returned, Lost };
 

@@ -1,5 +1,6 @@
 #include "holders/frmDBLostKeys.h"
 
+#include "store/Conflict.h"
 #include "ui_frmDBLostKeys.h"
 #include "widgets/HelpContexts.h"
 
@@ -20,13 +21,14 @@ frmDBLostKeys::frmDBLostKeys(Session& session, KeyLog log)
     : Form(session), ui(std::make_unique<Ui::frmDBLostKeys>()), m_log(log),
       m_model(session, log, [this](const QString& reason) {
           // Not in the middle of painting.
-          QTimer::singleShot(0, this, [this, reason] { Tell(reason); });
+          QTimer::singleShot(0, this, [this, reason] { TellFailure(reason); });
       }) {
     const bool lost = log == KeyLog::Lost;
     setObjectName(lost ? QStringLiteral("frmDBLostKeys") : QStringLiteral("frmDBReturnKey"));
     ui->setupUi(this);
     setWindowTitle(lost ? tr("Lost Keys Recorded") : tr("Returned Keys Recorded"));
     OfferHelp(lost ? help::kLostKeys : help::kReturnedKeys);
+    OfferFoot();
     ui->grdDataGrid->setModel(&m_model);
     ui->grdDataGrid->setAccessibleName(windowTitle());
     SizeColumns();
@@ -82,12 +84,14 @@ template <class Action>
 void frmDBLostKeys::Trapped(Action&& action) {
     try {
         action();
+    } catch (const SystemGone&) {
+        throw; // Nothing of the system can be shown any more.
     } catch (const std::exception& error) {
-        Tell(QString::fromUtf8(error.what()));
+        TellFailure(QString::fromUtf8(error.what()));
     }
 }
 
-void frmDBLostKeys::Tell(const QString& description) {
+void frmDBLostKeys::TellFailure(const QString& description) {
     Guarded([&] {
         m_session.boxes.Message(tr("Data error event hit err:") + description,
                                 m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
@@ -140,14 +144,16 @@ void frmDBLostKeys::DeleteRecord() {
     if (row < 0)
         return;
     if (const QString obstacle = m_model.Delete(row); !obstacle.isEmpty()) {
-        Tell(obstacle);
+        TellFailure(obstacle);
         return;
     }
     ui->grdDataGrid->GoTo(std::min(row, m_model.rowCount() - 1));
     ShowRecord();
+    Tell(tr("Record deleted"));
 }
 
 void frmDBLostKeys::Update() {
+    const int pending = m_model.PendingCount();
     QString obstacle;
     {
         const BusyPointer busy;
@@ -155,7 +161,9 @@ void frmDBLostKeys::Update() {
     }
     ShowRecord();
     if (!obstacle.isEmpty())
-        Tell(obstacle);
+        TellFailure(obstacle);
+    else
+        Tell(pending == 1 ? tr("1 record written") : tr("%1 records written").arg(pending));
 }
 
 bool frmDBLostKeys::MayDropPending() {

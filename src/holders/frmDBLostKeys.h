@@ -27,7 +27,7 @@ protected:
 private:
     template <class Action>
     void Trapped(Action&& action);
-    void Tell(const QString& description);
+    void TellFailure(const QString& description);
     void WatchButtons();
     void SizeColumns();
     void ReadAnew();

@@ -10,16 +10,58 @@
 #include <QKeyEvent>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace quorrel {
 
+namespace {
+
+template <class Listed>
+QStringList LinesOf(const std::vector<Listed>& listed) {
+    QStringList lines;
+    lines.reserve(static_cast<qsizetype>(listed.size()));
+    for (const Listed& item : listed)
+        lines.append(item.line);
+    return lines;
+}
+
+/// The place of what has a key, -1 when it is not listed.
+template <class Listed>
+int RowOf(const std::vector<Listed>& listed, RowKey key) {
+    const auto found = std::find_if(listed.begin(), listed.end(),
+                                    [key](const Listed& item) { return item.key == key; });
+    return found == listed.end() ? -1 : static_cast<int>(found - listed.begin());
+}
+
+/// What the highlighted line of a list stands for.
+template <class Listed>
+std::optional<Listed> Highlighted(const TextList& list, const std::vector<Listed>& listed) {
+    const int row = list.CurrentRow();
+    return row < 0 ? std::nullopt : std::optional(listed.at(static_cast<std::size_t>(row)));
+}
+
+/// Shows lines; the highlighted one stays so for as long as what it stands for is listed.
+template <class Listed>
+void ShowLines(TextList& list, std::vector<Listed>& shown, std::vector<Listed> lines) {
+    const auto highlighted = Highlighted(list, shown);
+    shown = std::move(lines);
+    list.SetLines(LinesOf(shown));
+    list.SetCurrentRow(highlighted ? RowOf(shown, highlighted->key) : -1);
+}
+
+} // namespace
+
 frmKeyUsers::frmKeyUsers(Session& session)
-    : Form(session), ui(std::make_unique<Ui::frmKeyUsers>()) {
+    : Form(session), ui(std::make_unique<Ui::frmKeyUsers>()), m_person(*ui) {
     ui->setupUi(this);
     OfferHelp(help::kKeyUsers, ui->cmdHelp);
+    OfferFoot();
     ui->cmdPrintKeySignature->setEnabled(false);
     ui->cmdPrintKeySignature->setToolTip(tr("Receipts are not part of this version yet."));
     ui->picQV->ShowLogo(m_session.Company.CompanyLogo);
+    KeepRoomOfUserList();
     HideUserList();
+    m_person.Clear();
     ApplyPermissions();
     WatchPeople();
     WatchKeys();
@@ -44,6 +86,15 @@ void frmKeyUsers::ApplyPermissions() {
         button->setEnabled(may);
 }
 
+/// The form does not jump when the list comes and goes.
+void frmKeyUsers::KeepRoomOfUserList() {
+    for (QWidget* part : std::initializer_list<QWidget*>{ui->lblUserList, ui->lstUserList}) {
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(policy);
+    }
+}
+
 void frmKeyUsers::WatchPeople() {
     On(ui->cmdAddUser, &QPushButton::clicked, [this] { SaveUserWithLookup(); });
     On(ui->cmdDeleteUser, &QPushButton::clicked, [this] { DeleteUser(); });
@@ -58,6 +109,12 @@ void frmKeyUsers::WatchPeople() {
     On(ui->txtUserSearch, &QLineEdit::textChanged, [this] { LoadKeyHolders(); });
     On(ui->txtUserNumber, &QLineEdit::textChanged, [this] { HideUserList(); });
     ui->lstKeyHolders->SetSearchBox(ui->txtUserSearch);
+    OnLeaving(ui->cmbDepartment, [this] {
+        const QString text = ui->cmbDepartment->currentText();
+        if (const QString kept = text.toUpper().left(kDepartmentWidth); kept != text)
+            ui->cmbDepartment->setEditText(kept);
+        return true;
+    });
     for (QWidget* field :
          std::initializer_list<QWidget*>{ui->txtUserNumber, ui->txtFirstName, ui->txtLastName,
                                          ui->txtTitle, ui->cmbDepartment, ui->cmdAddUser})
@@ -81,6 +138,8 @@ void frmKeyUsers::WatchKeys() {
     On(ui->cmdRemove, &QPushButton::clicked, [this] { TakeBack(false); });
     On(ui->cmdLost, &QPushButton::clicked, [this] { TakeBack(true); });
     On(ui->cmdIssueKey, &QPushButton::clicked, [this] { OrderUnits(); });
+    for (QLineEdit* box : {ui->txtUnitID, ui->txtLastUnitID})
+        On(box, &QLineEdit::returnPressed, [this] { OrderUnits(); });
     On(ui->cmdDeleteUnit, &QPushButton::clicked, [this] { DeleteSelectedUnit(); });
 }
 
@@ -89,6 +148,28 @@ void frmKeyUsers::Activated() {
         return;
     ui->lstKeyIDs->SetCurrentRow(0);
     SelectKey();
+}
+
+QString frmKeyUsers::Unsaved() const {
+    if (!m_session.SessionPermissions.AddEditKeyUsers || !m_person.Differs())
+        return {};
+    const QString number = ui->txtUserNumber->text().trimmed();
+    return number.isEmpty() ? tr("What you have typed for a new user")
+                            : tr("What you have typed for user %1").arg(number);
+}
+
+void frmKeyUsers::Reload() {
+    if (const RowKey shown = m_person.Shown().key; shown != 0) {
+        const QStringList typed = m_person.Refresh(StoredHolder(m_session, shown));
+        if (!typed.isEmpty())
+            Tell(tr("You had typed: ") + typed.join(u' '));
+    }
+    LoadDepartments();
+    LoadKeyHolders();
+    LoadKeyIDs();
+    // It may have another Key ID now, or none.
+    TakeInHand(FindKey(m_session, m_keyInHand.key).value_or(ListedKey()));
+    ShowUnits();
 }
 
 bool frmKeyUsers::eventFilter(QObject* watched, QEvent* event) {
@@ -100,11 +181,10 @@ bool frmKeyUsers::eventFilter(QObject* watched, QEvent* event) {
         if (KeyPressed(watched, press->key()))
             return true;
     }
-    if (event->type() == QEvent::FocusIn && watched == ui->txtFirstName)
+    // A window that becomes the active one again has gone on to nothing.
+    if (event->type() == QEvent::FocusIn && watched == ui->txtFirstName &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason)
         QTimer::singleShot(0, this, [this] { Guarded([this] { LookUpPerson(); }); });
-    if (event->type() == QEvent::FocusOut && watched == ui->cmbDepartment)
-        ui->cmbDepartment->setEditText(
-            ui->cmbDepartment->currentText().toUpper().left(kDepartmentWidth));
     return Form::eventFilter(watched, event);
 }
 
@@ -130,20 +210,28 @@ bool frmKeyUsers::KeyPressed(QObject* watched, int key) {
 // The people.
 
 void frmKeyUsers::LoadKeyHolders() {
-    ui->lstKeyHolders->Refill(ListHolders(m_session, m_column, ui->txtUserSearch->text()));
+    ShowLines(*ui->lstKeyHolders, m_holders,
+              ListHolders(m_session, m_column, ui->txtUserSearch->text()));
 }
 
 void frmKeyUsers::LoadDepartments() {
     ui->cmbDepartment->Refill(ListHolderDepartments(m_session));
 }
 
+std::optional<ListedHolder> frmKeyUsers::HighlightedHolder() const {
+    return Highlighted(*ui->lstKeyHolders, m_holders);
+}
+
+void frmKeyUsers::HighlightHolder(RowKey key) {
+    ui->lstKeyHolders->SetCurrentRow(RowOf(m_holders, key));
+}
+
 void frmKeyUsers::ShowHolder(const QString& number) {
     ui->txtUserSearch->setText(number);
-    const QStringList lines = ui->lstKeyHolders->Lines();
-    for (int row = 0; row < lines.size(); ++row) {
-        if (NumberOfLine(lines[row]) != number)
+    for (const ListedHolder& listed : m_holders) {
+        if (listed.number != number)
             continue;
-        ui->lstKeyHolders->SetCurrentRow(row);
+        HighlightHolder(listed.key);
         LoadUser();
         return;
     }
@@ -151,24 +239,30 @@ void frmKeyUsers::ShowHolder(const QString& number) {
 
 void frmKeyUsers::LoadUser() {
     ui->cmdPrintKeySignature->show();
+    if (!MayDrop()) {
+        HighlightHolder(m_person.Shown().key);
+        return;
+    }
     HideUserList();
-    if (const auto holder = FindHolder(m_session, NumberOfLine(ui->lstKeyHolders->CurrentText())))
-        FillFrom(*holder);
+    if (const auto listed = HighlightedHolder())
+        BringUp(*listed);
     LoadUserKeys();
 }
 
-void frmKeyUsers::FillFrom(const KeyUsersRow& holder) {
-    ui->txtUserNumber->setText(holder.UserIDNumber);
-    ui->txtUserID->setText(QString::number(holder.UserID));
-    ui->txtLastName->setText(holder.Lastname);
-    ui->txtFirstName->setText(holder.Firstname);
-    ui->cmbDepartment->setCurrentText(holder.Department);
-    ui->txtTitle->setText(holder.Title);
-    ui->txtStatus->setText(holder.Status);
-    ui->txtWorkPhone->setText(holder.WorkPhone);
-    ui->txtWorkExtention->setText(holder.Extention);
-    ui->txtHomePhone->setText(holder.HomePhone);
-    ui->ckEmployee->setChecked(holder.Employee);
+/// Brings up the holder of the highlighted line. The form never shows another one than that.
+void frmKeyUsers::BringUp(const ListedHolder& listed) {
+    const auto holder = FindHolder(m_session, NumberOfLine(listed.line));
+    if (holder && holder->key == listed.key)
+        m_person.Show(*holder);
+    else
+        m_person.Clear();
+    if (!IsAsListed(m_session, listed))
+        LoadKeyHolders();
+    if (!HighlightedHolder())
+        Tell(tr("User %1 is no longer in the file.").arg(listed.number));
+    else if (m_person.Shown().key == 0)
+        Tell(tr("User \"%1\" cannot be brought up: a User ID must not have a blank in it.")
+                 .arg(listed.number));
 }
 
 void frmKeyUsers::HideUserList() {
@@ -194,65 +288,69 @@ void frmKeyUsers::StepSearch() {
 }
 
 void frmKeyUsers::NewUser() {
-    for (QLineEdit* field :
-         {ui->txtUserID, ui->txtFirstName, ui->txtLastName, ui->txtStatus, ui->txtTitle})
-        field->clear();
-    ui->cmbDepartment->setCurrentText({});
+    m_person.BeginNew();
     ui->cmdPrintKeySignature->show();
     ui->lstUserList->hide();
     ui->txtUserNumber->setFocus();
 }
 
-void frmKeyUsers::ClearPerson() {
-    for (QLineEdit* field :
-         {ui->txtLastName, ui->txtFirstName, ui->txtUserNumber, ui->txtUserID, ui->txtTitle,
-          ui->txtStatus, ui->txtWorkPhone, ui->txtWorkExtention, ui->txtHomePhone})
-        field->clear();
-    ui->cmbDepartment->setCurrentText({});
-    ui->txtUserNumber->setFocus();
+void frmKeyUsers::TellNumberIsRequired() {
+    m_session.boxes.Message(tr("All Users require an ID Number or Label!"),
+                            tr("User ID - Team Member Number"));
 }
 
-KeyUsersRow frmKeyUsers::PersonOnScreen() const {
-    KeyUsersRow person;
-    person.UserIDNumber = ui->txtUserNumber->text();
-    person.UserIDDouble = Val(ui->txtUserID->text());
-    person.Firstname = ui->txtFirstName->text();
-    person.Lastname = ui->txtLastName->text();
-    person.Department = ui->cmbDepartment->currentText();
-    person.Title = ui->txtTitle->text();
-    person.Status = ui->txtStatus->text();
-    person.WorkPhone = ui->txtWorkPhone->text();
-    person.Extention = ui->txtWorkExtention->text();
-    person.HomePhone = ui->txtHomePhone->text();
-    person.Employee = ui->ckEmployee->isChecked();
-    return person;
+/// Whether what was typed may take the place of a holder who was not brought up.
+bool frmKeyUsers::MayReplace(const KeyUsersRow& other) {
+    return m_session.boxes.ConfirmsLoss(
+        tr("User ID %1 is that of %2, who was not brought up. Replace what is stored of %2 with "
+           "what stands on the form? The keys issued to %1 stay with that number.")
+            .arg(other.UserIDNumber, NameOf(other)),
+        m_session.ProgramTitle);
 }
 
 void frmKeyUsers::SaveUser() {
-    const HolderSaved saved = SaveHolder(m_session, PersonOnScreen());
-    if (saved == HolderSaved::Nothing)
+    const KeyUsersRow typed = m_person.Typed();
+    SavedHolder saved = SaveHolder(m_session, m_person.Shown(), typed);
+    while (saved.outcome == SavedHolder::Outcome::OtherHolder) {
+        if (!MayReplace(saved.stored))
+            return;
+        saved = SaveHolder(m_session, saved.stored, typed);
+    }
+    if (saved.outcome == SavedHolder::Outcome::NoNumber)
+        TellNumberIsRequired();
+    if (saved.outcome != SavedHolder::Outcome::Updated &&
+        saved.outcome != SavedHolder::Outcome::Added)
         return;
+    m_person.Clear();
     LoadDepartments();
     LoadKeyHolders();
-    ClearPerson();
+    HighlightHolder(0); // Nobody is brought up now.
+    LoadUnitHolders();  // It names the holder too.
+    ui->txtUserNumber->setFocus();
+    Tell((saved.outcome == SavedHolder::Outcome::Added ? tr("User %1 added: %2")
+                                                       : tr("User %1 saved: %2"))
+             .arg(saved.stored.UserIDNumber, NameOf(saved.stored)));
 }
 
 void frmKeyUsers::DeleteUser() {
-    const QString line = ui->lstKeyHolders->CurrentText();
-    if (line.isEmpty() || !m_session.SessionPermissions.AddEditKeyUsers ||
-        !m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(line),
+    const auto listed = HighlightedHolder();
+    if (!listed || !m_session.SessionPermissions.AddEditKeyUsers ||
+        !m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete %1?").arg(listed->line),
                                       m_session.ProgramTitle))
         return;
-    switch (DeleteHolder(m_session, line)) {
+    switch (DeleteHolder(m_session, *listed)) {
     case HolderDeleted::HasKeys:
         m_session.boxes.Message(tr("User has keys, can't be deleted!"), m_session.ProgramTitle);
         return;
-    case HolderDeleted::NotFound:
+    case HolderDeleted::WrongForm:
         m_session.boxes.Message(tr("Nobody was deleted. List the users by User ID and select the "
                                    "one to delete."),
                                 m_session.ProgramTitle);
         break;
     case HolderDeleted::Deleted:
+        if (m_person.Shown().key == listed->key)
+            m_person.Refresh({});
+        Tell(tr("User deleted: %1").arg(listed->line));
         break;
     }
     LoadKeyHolders();
@@ -260,31 +358,32 @@ void frmKeyUsers::DeleteUser() {
 
 // The keys.
 
-QString frmKeyUsers::KeyInHand() const {
-    return RightTrimmed(ui->lblKeyUnit->text().left(kKeyIDWidth));
-}
-
 void frmKeyUsers::LoadKeyIDs() {
-    ui->lstKeyIDs->Refill(ListKeys(m_session, ui->txtKeySearch->text()));
+    ShowLines(*ui->lstKeyIDs, m_keys, ListKeys(m_session, ui->txtKeySearch->text()));
 }
 
 void frmKeyUsers::SelectKey() {
     HideUserList();
     ui->cmdPrintKeySignature->show();
     const BusyPointer busy;
-    ui->lblKeyUnit->setText(ui->lstKeyIDs->CurrentText().left(kKeyIDWidth));
-    ui->lblLastUnit->setText(tr("Last Issued "));
+    TakeInHand(Highlighted(*ui->lstKeyIDs, m_keys).value_or(ListedKey()));
     ShowUnits();
 }
 
+void frmKeyUsers::TakeInHand(const ListedKey& key) {
+    m_keyInHand = key;
+    ui->lblKeyUnit->setText(key.line.left(kKeyIDWidth));
+    ui->lblLastUnit->setText(tr("Last Issued "));
+}
+
 void frmKeyUsers::LoadUnitList() {
-    const FreeUnits free = ListFreeUnits(m_session, KeyInHand());
+    const FreeUnits free = ListFreeUnits(m_session, m_keyInHand.keyID);
     ui->lstUnitID->Refill(free.units);
     ui->lblLastUnit->setText(tr("Last Issued ") + free.last);
 }
 
 void frmKeyUsers::LoadUnitHolders() {
-    const HeldUnits held = ListHeldUnits(m_session, KeyInHand());
+    const HeldUnits held = ListHeldUnits(m_session, m_keyInHand.keyID);
     ui->lstKeyUsers->Refill(held.lines);
     if (!held.repaired.isEmpty())
         m_session.boxes.Message(held.repaired, tr("Data Error"), BoxButtons::Ok, BoxIcon::Warning);
@@ -302,7 +401,7 @@ void frmKeyUsers::ShowKeyOfUserList() {
     const QString line = ui->lstUserList->CurrentText();
     const QString keyID = line.left(line.indexOf(QStringLiteral("  ")));
     ui->txtKeySearch->setText(keyID);
-    if (!ui->lstKeyIDs->Lines().value(0).startsWith(keyID))
+    if (m_keys.empty() || m_keys.front().keyID != RightTrimmed(keyID))
         return;
     ui->lstKeyIDs->SetCurrentRow(0);
     SelectKey();
@@ -316,48 +415,64 @@ void frmKeyUsers::OrderUnits() {
         return;
     }
     const BusyPointer busy;
-    const Issued issued =
-        IssueUnits(m_session, KeyInHand(), ui->txtUnitID->text(), ui->txtLastUnitID->text());
+    TellIssued(
+        IssueUnits(m_session, m_keyInHand, ui->txtUnitID->text(), ui->txtLastUnitID->text()));
+    LoadUnitList();
+    ui->txtUnitID->setFocus();
+    ui->txtUnitID->selectAll();
+}
+
+void frmKeyUsers::TellIssued(const Issued& issued) {
+    const QString& keyID = m_keyInHand.keyID;
     if (issued.outcome == Issued::Outcome::NoNumber)
         m_session.boxes.Message(tr("The first unit of a run must begin with a digit."),
                                 m_session.ProgramTitle);
     if (issued.outcome == Issued::Outcome::TooMany)
         m_session.boxes.Message(tr("Units of a run can be numbered up to 32767."),
                                 m_session.ProgramTitle);
-    LoadUnitList();
-    ui->txtUnitID->setFocus();
-    ui->txtUnitID->selectAll();
+    if (issued.outcome == Issued::Outcome::Exists)
+        Tell(tr("Unit %1 of %2 exists already, nothing issued").arg(ui->txtUnitID->text(), keyID));
+    else if (issued.count == 1)
+        Tell(tr("Unit %1 of %2 issued").arg(issued.lastUnit, keyID));
+    else
+        Tell(tr("%1 units of %2 issued").arg(QString::number(issued.count), keyID));
 }
 
-void frmKeyUsers::Tell(UnitDone done, const QString& unit) {
-    if (done == UnitDone::Lost)
-        m_session.boxes.Message(tr("Key recorded as Lost - Delete Unit ID and Reissue to Assign"),
-                                tr("KEY LOST !!!!"));
-    if (done == UnitDone::NoHolder)
-        m_session.boxes.Message(tr("Select Key Holder"), tr("Assign Key Unit to User"));
-    if (done == UnitDone::Changed)
-        m_session.boxes.Message(tr("Unit %1 has been changed at another workstation. The lists "
-                                   "now show what holds.")
-                                    .arg(unit),
-                                m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
+/// A unit goes to the holder who is highlighted, and to nobody else whom the form may show.
+bool frmKeyUsers::HolderIsOnForm(const ListedHolder& holder) {
+    const QString title = tr("Assign Key Unit to User");
+    const QString number = ui->txtUserNumber->text();
+    if (number.isEmpty())
+        m_session.boxes.Message(tr("Select Key Holder"), title);
+    else if (number != holder.number)
+        m_session.boxes.Message(
+            tr("The list highlights user %1, and the form shows user %2. Nothing was assigned. "
+               "Select the one whom you mean in the list.")
+                .arg(holder.number, number),
+            title);
+    return number == holder.number && !number.isEmpty();
 }
 
 void frmKeyUsers::Assign() {
     const QString unit = ui->lstUnitID->CurrentText();
-    const QString holderLine = ui->lstKeyHolders->CurrentText();
+    const auto holder = HighlightedHolder();
     if (unit.endsWith(QLatin1String("LOST!"))) {
-        Tell(UnitDone::Lost, unit);
+        m_session.boxes.Message(tr("Key recorded as Lost - Delete Unit ID and Reissue to Assign"),
+                                tr("KEY LOST !!!!"));
         return;
     }
-    if (holderLine.isEmpty() || holderLine[0] == u' ' ||
+    if (!holder || holder->line.isEmpty() || holder->line[0] == u' ' ||
         !m_session.SessionPermissions.AddEditKeyUsers)
         return;
     if (unit.isEmpty()) {
         m_session.boxes.Message(tr("Select KeyUnit and Key ID"), tr("Assign Key Unit to User"));
         return;
     }
-    const UnitDone done = AssignUnit(m_session, KeyInHand(), unit, PersonOnScreen());
-    Tell(done, unit);
+    if (!HolderIsOnForm(*holder))
+        return;
+    const Assigned assigned = AssignUnit(m_session, m_keyInHand, unit, *holder);
+    Tell(tr("Unit %1 of %2 handed out to %3")
+             .arg(assigned.unit, m_keyInHand.keyID, NameOf(assigned.holder)));
     ShowUnits();
 }
 
@@ -365,22 +480,47 @@ void frmKeyUsers::TakeBack(bool lost) {
     const QString line = ui->lstKeyUsers->CurrentText();
     if (line.isEmpty() || !m_session.SessionPermissions.AddEditKeyUsers)
         return;
-    KeyUsersRow holder;
+    const auto holders = HoldersOfLine(m_session, m_keyInHand, line);
+    const QString& keyID = m_keyInHand.keyID;
+    const QString unit = UnitOfLine(line, holders.back());
+    const QString name = NameOf(holders.back());
+    if (lost && !m_session.boxes.ConfirmsLoss(
+                    tr("Record unit %1 of %2, held by %3, as lost? It can be assigned again only "
+                       "after it was deleted and issued anew.")
+                        .arg(unit, keyID, name),
+                    m_session.ProgramTitle))
+        return;
+    Tell((lost ? tr("Recording the loss of unit %1 of %2, held by %3")
+               : tr("Taking back unit %1 of %2 from %3"))
+             .arg(unit, keyID, name));
     QString note;
-    for (const KeyUsersRow& found : HoldersOfLine(m_session, line)) {
-        const auto typed = m_session.boxes.Input(tr("Enter Note or Report Number"),
-                                                 tr("Lost or Returned Key"), {});
-        if (!typed || typed->isEmpty())
+    for (std::size_t asked = 0; asked < holders.size(); ++asked) {
+        note =
+            m_session.boxes.Input(tr("Enter Note or Report Number"), tr("Lost or Returned Key"), {})
+                .value_or(QString());
+        if (note.isEmpty()) {
+            Tell(tr("Unit %1 of %2 stays with %3").arg(unit, keyID, name));
             return;
-        note = *typed;
-        holder = found;
+        }
     }
-    const QString unit = line.left(line.indexOf(QLatin1String(" - ")));
-    Tell(note.isEmpty() ? UnitDone::Changed
-                        : TakeBackUnit(m_session, KeyInHand(), line, holder, note, lost),
-         unit);
+    const auto taken = TakeBackUnit(m_session, m_keyInHand, line, holders.back(), note, lost);
+    Tell((lost ? tr("Unit %1 of %2 recorded as lost by %3") : tr("Unit %1 of %2 returned by %3"))
+             .arg(taken.back().unit, keyID, name));
     LoadKeyHolders();
     ShowUnits();
+    TellTakenAlong(taken);
+}
+
+/// Units that went along with the one that was meant, since their texts begin its line.
+void frmKeyUsers::TellTakenAlong(const std::vector<TakenUnit>& taken) {
+    QStringList others;
+    for (std::size_t i = 0; i + 1 < taken.size(); ++i)
+        others.append(tr("%1 (%2)").arg(taken[i].unit, taken[i].userName));
+    if (!others.isEmpty())
+        m_session.boxes.Message(
+            tr("Taken back along with unit %1, whose ID begins like theirs, and logged: %2.")
+                .arg(taken.back().unit, others.join(QStringLiteral("; "))),
+            m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
 }
 
 void frmKeyUsers::DeleteSelectedUnit() {
@@ -389,22 +529,18 @@ void frmKeyUsers::DeleteSelectedUnit() {
         !m_session.boxes.ConfirmsLoss(tr("Are you sure you want to delete Unit # %1?").arg(unit),
                                       m_session.ProgramTitle))
         return;
-    Tell(DeleteUnit(m_session, KeyInHand(), unit), unit);
+    DeleteUnit(m_session, m_keyInHand, unit);
+    Tell(tr("Unit %1 of %2 deleted").arg(unit, m_keyInHand.keyID));
     ShowUnits();
 }
 
 // The personnel file.
 
 /// Fills the name and place of a person in; gives whether the personnel file has one.
-bool frmKeyUsers::FillFrom(const std::optional<PersonnelRecord>& record) {
+bool frmKeyUsers::FillFromPersonnel(const std::optional<PersonnelRecord>& record) {
     if (!record)
         return false;
-    ui->txtLastName->setText(record->LastName);
-    ui->txtFirstName->setText(record->FirstName);
-    ui->cmbDepartment->setCurrentText(record->Department);
-    ui->txtTitle->setText(record->Title);
-    ui->txtStatus->setText(record->Status);
-    ui->ckEmployee->setChecked(true);
+    m_person.FillFrom(*record);
     ui->cmdAddUser->setFocus();
     return true;
 }
@@ -417,14 +553,13 @@ void frmKeyUsers::LookUpPerson() {
     const QString number = ui->txtUserNumber->text();
     ui->txtUserSearch->setText(number);
     if (!number.isEmpty())
-        FillFrom(FindPersonnelByValue(m_session, number));
+        FillFromPersonnel(FindPersonnelByValue(m_session, number));
 }
 
 void frmKeyUsers::SaveUserWithLookup() {
     const QString number = ui->txtUserNumber->text();
     if (number.isEmpty()) {
-        m_session.boxes.Message(tr("All Users require an ID Number or Label!"),
-                                tr("User ID - Team Member Number"));
+        TellNumberIsRequired();
         return;
     }
     ui->txtUserSearch->setText(number);
@@ -433,7 +568,7 @@ void frmKeyUsers::SaveUserWithLookup() {
             m_session.boxes.Message(tr("External Employee Records Are Not Currently Available"),
                                     tr("External Lookup"));
         const auto record = FindPersonnelByText(m_session, number);
-        if (FillFrom(record)) {
+        if (FillFromPersonnel(record)) {
             ui->txtWorkPhone->setText(record->WorkPhone);
             ui->txtWorkExtention->setText(record->Extention);
             ui->txtHomePhone->setText(record->HomePhone);

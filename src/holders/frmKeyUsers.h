@@ -2,6 +2,7 @@
 
 #include "holders/KeyHolders.h"
 #include "holders/KeyUnits.h"
+#include "holders/PersonFields.h"
 #include "widgets/Form.h"
 
 #include <memory>
@@ -11,9 +12,6 @@ class frmKeyUsers;
 }
 
 namespace quorrel {
-
-struct PersonnelRecord;
-class TextList;
 
 /// The key holders of the open system and the key units in their hands: who they are on the left,
 /// what was issued, assigned, returned and lost on the right.
@@ -29,45 +27,56 @@ public:
 
 protected:
     void Activated() override;
+    QString Unsaved() const override;
+    void Reload() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void ApplyPermissions();
     void WatchPeople();
     void WatchKeys();
+    void KeepRoomOfUserList();
     bool KeyPressed(QObject* watched, int key);
 
     void LoadKeyHolders();
     void LoadDepartments();
+    std::optional<ListedHolder> HighlightedHolder() const;
+    void HighlightHolder(RowKey key);
     void LoadUser();
-    void FillFrom(const KeyUsersRow& holder);
-    bool FillFrom(const std::optional<PersonnelRecord>& record);
+    void BringUp(const ListedHolder& listed);
     void HideUserList();
     void LoadUserKeys();
     void StepSearch();
     void NewUser();
-    void ClearPerson();
-    KeyUsersRow PersonOnScreen() const;
+    bool FillFromPersonnel(const std::optional<PersonnelRecord>& record);
     void LookUpPerson();
     void SaveUserWithLookup();
     void SaveUser();
+    void TellNumberIsRequired();
+    bool MayReplace(const KeyUsersRow& other);
     void DeleteUser();
 
-    QString KeyInHand() const;
     void LoadKeyIDs();
     void SelectKey();
+    void TakeInHand(const ListedKey& key);
     void LoadUnitList();
     void LoadUnitHolders();
     void ShowUnits();
     void ShowKeyOfUserList();
     void OrderUnits();
+    void TellIssued(const Issued& issued);
+    bool HolderIsOnForm(const ListedHolder& holder);
     void Assign();
     void TakeBack(bool lost);
+    void TellTakenAlong(const std::vector<TakenUnit>& taken);
     void DeleteSelectedUnit();
-    void Tell(UnitDone done, const QString& unit);
 
     std::unique_ptr<Ui::frmKeyUsers> ui;
+    PersonFields m_person;
     HolderColumn m_column = HolderColumn::UserID;
+    std::vector<ListedHolder> m_holders; ///< of the lines of their list
+    std::vector<ListedKey> m_keys;       ///< of the lines of theirs
+    ListedKey m_keyInHand;               ///< whose units are shown
 };
 
 } // namespace quorrel

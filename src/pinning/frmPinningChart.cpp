@@ -78,13 +78,9 @@ void frmPinningChart::ShowChart(const PinningChart& chart) {
 
 void frmPinningChart::ShowKey() {
     const PinningRequest& key = m_chart.request;
-    // As long as they may be, they do not make the window wider.
-    for (const auto& [label, text] :
-         {std::pair(ui->lblSystem, key.system), std::pair(ui->lblAddress, key.address),
-          std::pair(ui->lblDepartment, key.department)}) {
-        label->setText(text);
-        label->setToolTip(text);
-    }
+    ui->lblSystem->setText(key.system);
+    ui->lblAddress->setText(key.address);
+    ui->lblDepartment->setText(key.department);
     ui->lblDescription->setText(key.description);
     ui->lblCuts->setText(QString::fromStdString(key.key));
     ui->lblKeyID->setText(key.keyID);

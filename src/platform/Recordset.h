@@ -110,6 +110,31 @@ public:
         Statement(database, UpdateText(), std::move(fields)).Execute();
     }
 
+    /// Writes only the columns of a stored row that differ from how they were before. What nobody
+    /// has changed stays in the file as it is, also where reading it alters it.
+    static void UpdateChanges(Database& database, const Row& before, const Row& row) {
+        std::string changes;
+        std::vector<Value> values;
+        const auto take = [&](const auto& column) {
+            const auto& value = row.*column.member;
+            if (before.*column.member == value)
+                return;
+            changes += (changes.empty() ? "" : ", ") + QueryText::Quoted(column.name) +
+                       " = :" + column.name;
+            if constexpr (std::is_integral_v<std::decay_t<decltype(value)>>)
+                values.emplace_back(static_cast<qint64>(value));
+            else
+                values.emplace_back(value);
+        };
+        std::apply([&](const auto&... column) { (take(column), ...); }, Row::Columns());
+        if (values.empty())
+            return;
+        values.emplace_back(row.key);
+        database.Execute("UPDATE " + QueryText::Quoted(TableName<Row>()) + " SET " + changes +
+                             " WHERE " + QueryText::Quoted(kRowKey) + " = :RowKey",
+                         values);
+    }
+
     /// Deletes every row that the query selects.
     void DeleteAll() const { m_database.Execute("DELETE" + From(), m_query.Values()); }
 

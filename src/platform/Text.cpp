@@ -90,6 +90,12 @@ QString OneLine(QString text) {
     return text;
 }
 
+QString Named(const QString& text) {
+    constexpr int mostCharacters = 80;
+    const QString shown = OneLine(text.left(mostCharacters));
+    return text.size() > mostCharacters ? shown + u'\u2026' : RightTrimmed(shown);
+}
+
 bool IsNoValue(const QString& text) {
     return text.isEmpty() || text.startsWith(QLatin1String("  "));
 }

@@ -28,6 +28,9 @@ QString RightTrimmed(const QString& text);
 /// Text on one line: each line end, whichever kind it is of, becomes two blanks.
 QString OneLine(QString text);
 
+/// A user's text as a message names it: on one line, and cut where it is too long for that.
+QString Named(const QString& text);
+
 /// A stored value that begins with two blanks, or is empty, counts as no value.
 bool IsNoValue(const QString& text);
 

@@ -4,17 +4,32 @@
 
 namespace quorrel {
 
-ChangedElsewhere ChangedElsewhere::Changed(const QString& subject, const QStringList& unsaved) {
-    QString text = subject + QStringLiteral(" has been changed at another workstation since it was "
-                                            "shown here. Nothing was saved. The window now shows "
-                                            "what holds.");
+namespace {
+
+/// What a message says of texts that were typed and are not on the screen any more.
+QString Typed(const QStringList& unsaved) {
     QString typed;
     for (const QString& lost : unsaved)
         if (!lost.trimmed().isEmpty())
             typed += QStringLiteral("\n    ") + lost;
-    if (!typed.isEmpty())
-        text += QStringLiteral("\n\nYou had typed:") + typed;
-    return ChangedElsewhere(text);
+    return typed.isEmpty() ? typed : QStringLiteral("\n\nYou had typed:") + typed;
+}
+
+} // namespace
+
+ChangedElsewhere ChangedElsewhere::Changed(const QString& subject, const QStringList& unsaved) {
+    return ChangedElsewhere(subject +
+                            QStringLiteral(" has been changed at another workstation since it was "
+                                           "shown here. Nothing was saved. The window now shows "
+                                           "what holds.") +
+                            Typed(unsaved));
+}
+
+ChangedElsewhere ChangedElsewhere::Added(const QString& subject, const QStringList& unsaved) {
+    return ChangedElsewhere(subject +
+                            QStringLiteral(" has been added at another workstation meanwhile. "
+                                           "Nothing was saved. The window now shows what holds.") +
+                            Typed(unsaved));
 }
 
 ChangedElsewhere ChangedElsewhere::Deleted(const QString& subject) {

@@ -23,6 +23,8 @@ public:
     /// `subject` as in "Door A-101". `unsaved` are the texts that were typed and cannot be kept.
     static ChangedElsewhere Changed(const QString& subject, const QStringList& unsaved = {});
     static ChangedElsewhere Deleted(const QString& subject);
+    /// What was to be new here is there by now.
+    static ChangedElsewhere Added(const QString& subject, const QStringList& unsaved);
 };
 
 /// The open key system is not in the file any more.
@@ -56,27 +58,46 @@ void RequireAsShown(Database& database, const Row& shown, const QString& subject
         throw ChangedElsewhere::Changed(subject);
 }
 
+/// The changes that two workstations have made to one row.
+template <class Row>
+struct Merge {
+    Row row;               ///< as stored, with what was typed here where nobody else has changed it
+    bool conflict = false; ///< both have changed the same column to something else
+    QStringList unsaved;   ///< the texts typed here that are not in `row`
+    QStringList typed;     ///< all texts typed here
+};
+
+/// Puts together that `shown` was changed to `typed` here while it became `stored` elsewhere.
+template <class Row>
+Merge<Row> MergeOf(const Row& shown, const Row& typed, const Row& stored) {
+    Merge<Row> merge{stored, false, {}, {}};
+    const auto take = [&](const auto& column) {
+        const auto& mine = typed.*column.member;
+        if (mine == shown.*column.member || mine == stored.*column.member)
+            return;
+        if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
+            merge.typed.append(mine);
+        if (stored.*column.member == shown.*column.member) {
+            merge.row.*column.member = mine;
+            return;
+        }
+        merge.conflict = true;
+        if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
+            merge.unsaved.append(mine);
+    };
+    std::apply([&](const auto&... column) { (take(column), ...); }, Row::Columns());
+    return merge;
+}
+
 /// What to store when `shown` was changed to `typed` here while it became `stored` at another
 /// workstation: the changes of both. Throws `ChangedElsewhere` where both have changed the same
 /// column to something else.
 template <class Row>
 Row MergedChanges(const Row& shown, const Row& typed, const Row& stored, const QString& subject) {
-    Row merged = stored;
-    bool conflict = false;
-    QStringList unsaved;
-    const auto merge = [&](const auto& column) {
-        const auto& mine = typed.*column.member;
-        if (mine == shown.*column.member)
-            return;
-        conflict |= stored.*column.member != shown.*column.member && stored.*column.member != mine;
-        if constexpr (std::is_same_v<std::decay_t<decltype(mine)>, QString>)
-            unsaved.append(mine);
-        merged.*column.member = mine;
-    };
-    std::apply([&](const auto&... column) { (merge(column), ...); }, Row::Columns());
-    if (conflict)
-        throw ChangedElsewhere::Changed(subject, unsaved);
-    return merged;
+    auto merge = MergeOf(shown, typed, stored);
+    if (merge.conflict)
+        throw ChangedElsewhere::Changed(subject, merge.typed);
+    return merge.row;
 }
 
 } // namespace quorrel

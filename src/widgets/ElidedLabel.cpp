@@ -1,6 +1,6 @@
 #include "widgets/ElidedLabel.h"
 
-#include "platform/Text.h"
+#include "widgets/LineDelegate.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -15,9 +15,6 @@ namespace {
 constexpr int kWantedLength = 40;
 constexpr int kLeastLength = 6;
 
-/// Characters of the text that are measured and painted: more than there is ever room for.
-constexpr int kPaintedLength = 1000;
-
 } // namespace
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
@@ -30,7 +27,7 @@ QSize ElidedLabel::SizeFor(int width) const {
 
 QSize ElidedLabel::sizeHint() const {
     // Measured to the next pixel, and elided to less than one.
-    const int whole = fontMetrics().horizontalAdvance(OneLine(text().left(kPaintedLength))) + 1;
+    const int whole = fontMetrics().horizontalAdvance(PaintedLine(text())) + 1;
     return SizeFor(std::min(whole, kWantedLength * fontMetrics().averageCharWidth()));
 }
 
@@ -40,7 +37,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 
 void ElidedLabel::paintEvent(QPaintEvent* event) {
     const QString whole = text();
-    const QString line = OneLine(whole.left(kPaintedLength));
+    const QString line = PaintedLine(whole);
     const QString shown = fontMetrics().elidedText(line, m_elideMode, contentsRect().width());
     setToolTip(shown == whole ? QString() : whole);
     if (shown == whole) {

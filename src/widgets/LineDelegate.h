@@ -9,17 +9,21 @@
 
 namespace quorrel {
 
-/// Characters of a line that are painted: more than a list has room for, fewer than take time.
-inline constexpr int kPaintedLength = 500;
+/// What is painted of a text that stands on one line, whatever line breaks it has: more than there
+/// is room for, less than takes time.
+inline QString PaintedLine(const QString& text) {
+    constexpr int kLength = 500;
+    return OneLine(text.left(kLength));
+}
 
-/// Shows the texts of a `QStringListModel`, each on one line whatever line breaks it has. Every
-/// line gets the room of the longest, which alone is measured.
+/// Shows the texts of a `QStringListModel`, each on one line. Every line gets the room of the
+/// longest, which alone is measured.
 class LineDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant& value, const QLocale&) const override {
-        return OneLine(value.toString().left(kPaintedLength));
+        return PaintedLine(value.toString());
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {

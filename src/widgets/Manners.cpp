@@ -106,7 +106,8 @@ private:
 
 QAccessibleInterface* ReadLabel(const QString&, QObject* object) {
     auto* label = qobject_cast<QLabel*>(object);
-    return label ? new LabelForReaders(label) : nullptr;
+    // A tool tip is a label to the toolkit alone.
+    return label && !label->inherits("QTipLabel") ? new LabelForReaders(label) : nullptr;
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "widgets/RecordGrid.h"
 
-#include "platform/Text.h"
+#include "widgets/LineDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -12,16 +12,13 @@ namespace quorrel {
 
 namespace {
 
-/// More characters than any cell has room for.
-constexpr int kShownLength = 500;
-
 /// Shows a text in one line, and only as much of it as can be seen.
 class OneLineDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant& value, const QLocale&) const override {
-        return OneLine(value.toString().left(kShownLength));
+        return PaintedLine(value.toString());
     }
 
 protected:

@@ -199,9 +199,9 @@ QString TextList::TipAt(const QPoint& place) const {
     if (!line.isValid())
         return {};
     QStringList parts;
-    const QString text = OneLine(line.data().toString());
-    if (fontMetrics().horizontalAdvance(text.left(kPaintedLength)) > viewport()->width())
-        parts += text;
+    const QString text = line.data().toString();
+    if (fontMetrics().horizontalAdvance(PaintedLine(text)) > viewport()->width())
+        parts += OneLine(text);
     if (const QString mark = m_lines.TipOf(line.row()); !mark.isEmpty())
         parts += mark;
     return parts.join(u'\n');

@@ -4,6 +4,7 @@
 #include "page/PageView.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "store/DoorTables.h"
 #include "store/HolderTables.h"
 #include "store/OfSystem.h"
@@ -152,7 +153,7 @@ TEST_F(Departments, AreLeftAloneWhenTheFileIsHeldByAnotherWorkstation) {
 TEST(HardwareDescriptions, AreReplacedInOneSystemOrInAll) {
     TestProgram program;
     Session& session = program.session;
-    session.ActiveSystemNumber = 1;
+    ASSERT_EQ(program.CreateAndOpen(StandardSystem("Pier", "2715")).SystemID, 1);
     const auto add = [&](int system, const QString& hardware) {
         DoorsRow door;
         door.SystemNumber = system;
@@ -176,11 +177,13 @@ TEST(HardwareDescriptions, AreReplacedInOneSystemOrInAll) {
         return texts;
     };
     const QString longer(200, u'L');
-    ReplaceHardware(session, "Rim", longer, false);
+    EXPECT_TRUE(ReplaceHardware(session, "Rim", longer, false));
     EXPECT_EQ(stored(), (QStringList{odd, longer, odd, "rim", "", "Rim", "Rim "}));
-    ReplaceHardware(session, odd, "Rim", true);
+    EXPECT_FALSE(ReplaceHardware(session, "Rim", longer, false)) << "on no door of this system";
+    EXPECT_TRUE(ReplaceHardware(session, odd, "Rim", true));
     EXPECT_EQ(stored(), (QStringList{"Rim", longer, "Rim", "rim", "", "Rim", "Rim "}));
     EXPECT_EQ(ListHardwareTypes(session), (QStringList{"Rim", longer, "rim", "Rim "}));
+    EXPECT_THROW(ReplaceHardware(session, odd, "Rim", true), ChangedElsewhere) << "on none";
 }
 
 } // namespace

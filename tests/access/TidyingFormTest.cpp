@@ -1,11 +1,13 @@
 #include "access/Departments.h"
 #include "access/HardwareDescriptions.h"
 #include "platform/Recordset.h"
+#include "store/DatabaseFiles.h"
 #include "store/DoorTables.h"
 #include "support/FormDriver.h"
 #include "widgets/TextList.h"
 
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -177,6 +179,67 @@ TEST_F(FrmEditHardware, ReplacesADescriptionHereThenEverywhere) {
     Click(form, "cmdExit");
     EXPECT_FALSE(run.IsLoaded("frmEditHardware"));
     EXPECT_EQ(run.Form("frmMain"), main);
+}
+
+TEST_F(FrmEditHardware, TellsWhatItDid) {
+    const auto foot = [&] { return Find<QLabel>(form, "lblFoot")->text(); };
+    Select("Rim");
+    QTest::keyClick(Find<QComboBox>(form, "cmbHardware"), Qt::Key_Return);
+    EXPECT_EQ(form->focusWidget()->objectName(), "txtChangeTo") << "Enter in the list goes on";
+    QTest::keyClick(form->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(foot(), "Rim is as it was: type another description");
+    Type(form, "txtChangeTo", "Rim lock %1");
+    Click(form, "cmdSave");
+    EXPECT_EQ(foot(), "Rim replaced by Rim lock %1");
+    Select("Rim"); // of the other system
+    Type(form, "txtChangeTo", "Latch");
+    Click(form, "cmdSave");
+    EXPECT_EQ(foot(), "No door of this system has Rim, only doors of others");
+    EXPECT_EQ(Stored(), (QStringList{"Rim lock %1", "Mortice", "Rim"}));
+
+    // Another workstation has been quicker.
+    Click(form, "opAll");
+    session.Keys().Execute("UPDATE Doors SET Text1 = 'Deadbolt' WHERE SystemNumber = 2");
+    run.boxes.Expect("The hardware description Rim has been changed at another workstation");
+    Click(form, "cmdSave");
+    EXPECT_TRUE(run.boxes.Last().text.contains("You had typed:\n    Latch"));
+    EXPECT_EQ(Stored(), (QStringList{"Rim lock %1", "Mortice", "Deadbolt"}));
+    EXPECT_GE(Find<QComboBox>(form, "cmbHardware")->findText("Deadbolt"), 0);
+    EXPECT_EQ(Find<QLabel>(form, "lblHardware")->text(), "");
+}
+
+TEST_F(FrmEditHardware, AsksOnlyAboutWhatWasTypedAndChangesNothingUnasked) {
+    const QString huge = QString(1 << 20, 'x');
+    session.Keys().Execute("UPDATE Doors SET Text1 = :text WHERE Text1 = 'Mortice'", {huge});
+    const auto bytes = [&] {
+        QFile file(run.PathOf(kKeySystemFile));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const auto reopen = [&] {
+        Choose(main, "mnuEditHardware");
+        form = run.Form("frmEditHardware");
+    };
+    const QByteArray before = bytes();
+    Click(form, "cmdExit");
+    reopen();
+    auto* known = Find<QComboBox>(form, "cmbHardware");
+    known->setCurrentIndex(known->findText(huge));
+    EXPECT_TRUE(Find<QPushButton>(form, "cmdSave")->isEnabled());
+    Click(form, "cmdSave"); // as it is shown, which is cut
+    Type(form, "cmbHardware", "no description");
+    EXPECT_FALSE(Find<QPushButton>(form, "cmdSave")->isEnabled());
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_EQ(run.Form("frmMain"), main);
+    reopen();
+    Select("Rim");
+    Type(form, "txtChangeTo", "Latch");
+    run.boxes.Expect("The new description for Rim is not saved", BoxAnswer::No);
+    QTest::keyClick(form, Qt::Key_Escape);
+    EXPECT_EQ(Find<QLineEdit>(form, "txtChangeTo")->text(), "Latch");
+    Click(form, "cmdExit");
+    EXPECT_EQ(run.Form("frmMain"), main);
+    EXPECT_EQ(bytes(), before);
 }
 
 } // namespace

@@ -2,12 +2,23 @@
 #include "doors/DoorLists.h"
 #include "doors/DoorSite.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
+
+#include <algorithm>
 
 namespace quorrel::test {
 namespace {
 
 const QString kSeven(7, u' ');
 const QString kEight(8, u' ');
+
+/// The line of a label.
+RowLine LineOf(const RowLines& lines, const QString& label) {
+    const auto line = std::find_if(lines.begin(), lines.end(),
+                                   [&](const RowLine& one) { return one.label == label; });
+    EXPECT_NE(line, lines.end()) << label.toStdString();
+    return line == lines.end() ? RowLine() : *line;
+}
 
 TEST(DoorLists, ShowTheDoorsInTableOrderAndRememberTheHighestNumber) {
     DoorSite site;
@@ -16,17 +27,18 @@ TEST(DoorLists, ShowTheDoorsInTableOrderAndRememberTheHighestNumber) {
     site.Save("A door with a long label", "Hall\nsouth");
     site.Save(" tight");
     site.session.HighDoorNumber = 0;
-    const DoorList list = ListDoors(site.session);
-    EXPECT_EQ(list.labels, QStringList({"Tower", "A door with a long label", " tight"}));
-    EXPECT_EQ(list.lines,
+    const RowLines list = ListDoors(site.session);
+    EXPECT_EQ(list.at(1).label, "A door with a long label");
+    EXPECT_EQ(list.at(1).key, site.Door("A door with a long label").key);
+    EXPECT_EQ(TextsOf(list),
               QStringList({"Tower" + QString(13, u' ') + "Clock", "A door with a longHall\nsouth",
                            " tight" + QString(12, u' ')}));
     EXPECT_EQ(site.session.HighDoorNumber, 4);
     site.session.HighDoorNumber = 0;
-    EXPECT_EQ(SearchDoors(site.session, "tOW"), QStringList(list.lines[0]));
+    EXPECT_EQ(TextsOf(SearchDoors(site.session, "tOW")), QStringList(list[0].text));
     EXPECT_EQ(site.session.HighDoorNumber, 4) << "raised by doors that do not match, too";
-    EXPECT_EQ(SearchDoors(site.session, "").size(), 3);
-    EXPECT_EQ(SearchDoors(site.session, "ower%"), QStringList());
+    EXPECT_EQ(SearchDoors(site.session, "").size(), 3U);
+    EXPECT_TRUE(SearchDoors(site.session, "ower%").empty());
 }
 
 TEST(DoorLists, ShowChangeKeysWithAKeyID) {
@@ -36,9 +48,10 @@ TEST(DoorLists, ShowChangeKeysWithAKeyID) {
     site.NameKey(2, " C");
     site.NameKey(4, "MASTER");
     site.NameKey(3, "ABCDEFGHIJKLMN", "long");
-    EXPECT_EQ(ListKeyableKeys(site.session), QStringList({"a1          Hall  south  wing",
-                                                          "B          Store", "ABCDEFGHIJKLlong"}));
-    EXPECT_EQ(SearchKeyableKeys(site.session, "A"),
+    EXPECT_EQ(
+        TextsOf(ListKeyableKeys(site.session)),
+        QStringList({"a1          Hall  south  wing", "B          Store", "ABCDEFGHIJKLlong"}));
+    EXPECT_EQ(TextsOf(SearchKeyableKeys(site.session, "A")),
               QStringList({"a1          Hall\r\nsouth\nwing", "ABCDEFGHIJKLlong"}));
 }
 
@@ -48,7 +61,7 @@ TEST(DoorLists, ShowTheHardwareOfTheWholeFile) {
         DoorText text;
         text.label = label;
         text.hardware = hardware;
-        SaveDoorRecord(site.session, text);
+        SaveOver(site.session, text);
     };
     save("A1", "Lever");
     save("A2", "");
@@ -77,8 +90,11 @@ TEST(DoorAssignment, TiesADoorToTheKeyOfTheChosenLine) {
         site.Save("Hatch");
         site.NameKey(5, "ZZ");
         site.NameKey(6, label, description);
-        const QString line = ListKeyableKeys(site.session).at(1);
-        AssignDoorToKey(site.session, line, DoorLine("Gate", "old description"));
+        const RowLine key = ListKeyableKeys(site.session).at(1);
+        const Assignment assigned =
+            AssignDoorToKey(site.session, key, LineOf(ListDoors(site.session), "Gate"));
+        EXPECT_EQ(assigned.doors, 1);
+        EXPECT_EQ(assigned.keyID, expected);
         EXPECT_EQ(site.KeysOfDoors(), QStringList({expected, kEight})) << label.toStdString();
     }
 }
@@ -87,22 +103,19 @@ TEST(DoorAssignment, MovesADoorAndTakesItsKeyAway) {
     DoorSite site;
     site.NameKey(0, Padded("K1", 12));
     site.NameKey(1, Padded("K2", 12));
-    site.Save("Gate", "North");
-    site.Save("Hatch");
-    site.Save("  hidden");
-    const QStringList keys = ListKeyableKeys(site.session);
-    for (const QString& key : keys)
-        AssignDoorToKey(site.session, key, DoorLine("Gate", "North"));
-    AssignDoorToKey(site.session, keys[1], DoorLine("  hidden", ""));
-    EXPECT_EQ(ListKeyedDoors(site.session, keys[0]), QStringList());
-    EXPECT_EQ(ListKeyedDoors(site.session, keys[1]), QStringList(DoorLine("Gate", "North")));
-    AssignDoorToKey(site.session, "", DoorLine("Gate", ""));
-    AssignDoorToKey(site.session, keys[0], "");
-    RemoveDoorFromKey(site.session, "");
-    EXPECT_EQ(site.KeysOfDoors(), QStringList({Padded("K2", 12), kEight, Padded("K2", 12)}))
-        << "nothing is changed where nothing was chosen";
-    RemoveDoorFromKey(site.session, DoorLine("Gate", "North"));
+    for (const char* label : {"A1", "A10", "A1 B"})
+        site.Save(label, "North");
+    const RowLines keys = ListKeyableKeys(site.session);
+    const RowLine door = LineOf(ListDoors(site.session), "A1");
+    for (const RowLine& key : keys)
+        EXPECT_EQ(AssignDoorToKey(site.session, key, door).doors, 1);
+    EXPECT_TRUE(ListKeyedDoors(site.session, keys[0].text).empty());
+    const RowLines keyed = ListKeyedDoors(site.session, keys[1].text);
+    EXPECT_EQ(TextsOf(keyed), QStringList(DoorLine("A1", "North")));
+    EXPECT_EQ(site.KeysOfDoors(), QStringList({Padded("K2", 12), kEight, kEight}));
+    EXPECT_EQ(RemoveDoorFromKey(site.session, keys[1], keyed.at(0)), 1);
     EXPECT_EQ(site.KeysOfDoors().at(0), kSeven);
+    EXPECT_TRUE(ListKeyedDoors(site.session, "").empty());
 }
 
 TEST(DoorAssignment, TakesDoorsThatAgreeInTheirColumnTogether) {
@@ -111,12 +124,12 @@ TEST(DoorAssignment, TakesDoorsThatAgreeInTheirColumnTogether) {
     for (const char* label : {"Corridor door 0001A", "Corridor door 0001B", "Corridor door 0002",
                               "Corridor door 0001", "corridor door 0001A"})
         site.Save(label);
-    const QString key = ListKeyableKeys(site.session).at(0);
-    const QString line = ListDoors(site.session).lines.at(1);
-    AssignDoorToKey(site.session, key, line);
-    EXPECT_EQ(ListKeyedDoors(site.session, key).size(), 3) << "18 characters are compared";
+    const RowLine key = ListKeyableKeys(site.session).at(0);
+    const RowLine door = LineOf(ListDoors(site.session), "Corridor door 0001B");
+    EXPECT_EQ(AssignDoorToKey(site.session, key, door).doors, 3) << "18 characters are compared";
+    EXPECT_EQ(ListKeyedDoors(site.session, key.text).size(), 3U);
     EXPECT_EQ(site.KeysOfDoors().count(kEight), 2);
-    RemoveDoorFromKey(site.session, line);
+    EXPECT_EQ(RemoveDoorFromKey(site.session, key, door), 3);
     EXPECT_EQ(site.KeysOfDoors().count(kSeven), 3);
 }
 
@@ -131,8 +144,58 @@ TEST(DoorAssignment, ComparesKeyIDsInTheirColumn) {
         door.CutsLabel = keyID;
         Recordset<DoorsRow>::Add(site.session.Keys(), door);
     }
-    const QString key = ListKeyableKeys(site.session).at(0);
-    EXPECT_EQ(ListKeyedDoors(site.session, key).size(), 3);
+    const RowLine key = ListKeyableKeys(site.session).at(0);
+    EXPECT_EQ(ListKeyedDoors(site.session, key.text).size(), 3U);
+}
+
+TEST(DoorAssignment, WritesNothingWhereALineOfAnAgedListIsChosen) {
+    DoorSite site;
+    site.NameKey(0, Padded("K1", 12), "Hall");
+    site.NameKey(1, Padded("K2", 12), "Store");
+    for (const char* label : {"Gate", "Hatch", "Vault"})
+        site.Save(label);
+    const RowLines keys = ListKeyableKeys(site.session);
+    const RowLines doors = ListDoors(site.session);
+    AssignDoorToKey(site.session, keys[0], doors[0]);
+    const QStringList before = site.KeysOfDoors();
+    const auto refused = [&](const RowLine& key, const RowLine& door) {
+        try {
+            AssignDoorToKey(site.session, key, door);
+            return QString("assigned");
+        } catch (const ChangedElsewhere& aged) {
+            return QString::fromUtf8(aged.what()).section(" is no longer", 0, 0);
+        }
+    };
+    // Renamed, and its former Key ID given to another key; then taken away.
+    site.NameKey(0, Padded("K3", 12), "Hall");
+    site.NameKey(2, Padded("K1", 12), "Hall");
+    EXPECT_EQ(refused(keys[0], doors[0]), "Key ID K1");
+    EXPECT_EQ(refused(keys[0], doors[1]), "Key ID K1");
+    site.NameKey(1, QString(19, ' '));
+    EXPECT_EQ(refused(keys[1], doors[0]), "Key ID K2");
+    EXPECT_EQ(site.KeysOfDoors(), before);
+    // Deleted, and its place in the table given to another door.
+    OtherWorkstation other(site);
+    other.Delete("Vault");
+    EXPECT_EQ(refused(ListKeyableKeys(site.session)[0], doors[2]), "Door Vault");
+    site.Save("Shed");
+    ASSERT_EQ(site.Door("Shed").key, doors[2].key);
+    EXPECT_EQ(refused(ListKeyableKeys(site.session)[0], doors[2]), "Door Vault");
+    EXPECT_EQ(site.KeysOfDoors(), before);
+}
+
+TEST(DoorAssignment, LeavesADoorWithTheKeyThatAnotherWorkstationGaveIt) {
+    DoorSite site;
+    site.NameKey(0, Padded("K1", 12));
+    site.NameKey(1, Padded("K2", 12));
+    site.Save("Gate");
+    const RowLines keys = ListKeyableKeys(site.session);
+    AssignDoorToKey(site.session, keys[0], ListDoors(site.session)[0]);
+    const RowLine listed = ListKeyedDoors(site.session, keys[0].text).at(0);
+    OtherWorkstation other(site);
+    AssignDoorToKey(other.session, keys[1], ListDoors(other.session)[0]);
+    EXPECT_THROW(RemoveDoorFromKey(site.session, keys[0], listed), ChangedElsewhere);
+    EXPECT_EQ(site.KeysOfDoors(), QStringList(Padded("K2", 12)));
 }
 
 } // namespace

@@ -33,7 +33,7 @@ TEST(SaveDoorRecord, SavesNothingWithoutALabel) {
         DoorText text;
         text.label = label;
         text.description = "typed";
-        EXPECT_FALSE(SaveDoorRecord(site.session, text));
+        EXPECT_FALSE(SaveDoorRecord(site.session, text, {}));
     }
     EXPECT_TRUE(site.Doors().empty());
 }
@@ -42,7 +42,7 @@ TEST(SaveDoorRecord, WritesANewDoorAndChangesOnlyWhatIsTyped) {
     DoorSite site;
     DoorText text{"M 12", "Boiler room", "Cellar, east", QString(60, u'h'), "left hand",
                   true,   true};
-    ASSERT_EQ(SaveDoorRecord(site.session, text), "M 12");
+    EXPECT_EQ(SaveOver(site.session, text)->label, "M 12");
     DoorsRow door = site.Doors().at(0);
     EXPECT_EQ(door.DoorID, site.system.SystemID * 10000 + 1);
     EXPECT_EQ(door.CutsLabel, QString(8, u' '));
@@ -60,7 +60,7 @@ TEST(SaveDoorRecord, WritesANewDoorAndChangesOnlyWhatIsTyped) {
     text.label = "M 12  ";
     text.location = "Cellar, west";
     text.crossKeyed = false;
-    ASSERT_EQ(SaveDoorRecord(site.session, text), "M 12");
+    EXPECT_EQ(SaveOver(site.session, text)->label, "M 12");
     const DoorsRow after = site.Doors().at(0);
     EXPECT_EQ(after.DoorLabel, "M 12");
     EXPECT_EQ(after.DoorLocation, "Cellar, west");
@@ -79,7 +79,7 @@ TEST(SaveDoorRecord, KeepsTheDayOfTheFirstSaveAsKeyed) {
     const auto dayAfter = [&](const QDate& today, bool keyed) {
         site.session.clock = [today] { return QDateTime(today, QTime(8, 0)); };
         text.keyed = keyed;
-        SaveDoorRecord(site.session, text);
+        SaveOver(site.session, text);
         return site.Doors().at(0).Long1;
     };
     EXPECT_EQ(dayAfter({1999, 3, 26}, false), 0);
@@ -93,14 +93,11 @@ TEST(SaveDoorRecord, KeepsTheDayOfTheFirstSaveAsKeyed) {
 
 TEST(SaveDoorRecord, WorkstationsThatAddInTurnNeverGiveANumberTwice) {
     DoorSite site;
-    Session other(site.folder.path(), site.boxes, site.session.clock, Random([] { return 1U; }));
-    QString failure;
-    ASSERT_TRUE(LoadStartupFiles(other, failure));
-    OpenKeySystem(other, site.system);
+    OtherWorkstation other(site);
     for (int door = 0; door < 12; ++door) {
         DoorText text;
         text.label = QStringLiteral("D%1").arg(door);
-        SaveDoorRecord(door % 3 == 0 ? other : site.session, text);
+        SaveOver(door % 3 == 0 ? other.session : site.session, text);
     }
     std::set<double> numbers;
     for (const DoorsRow& door : site.Doors())
@@ -116,7 +113,7 @@ TEST(SaveDoorRecord, CountsOnFromTheHighestNumberMetInAnySystem) {
     const KeySystemRow second = site.CreateAndOpen(StandardSystem("Quay", "2715"));
     DoorText text;
     text.label = "A1";
-    SaveDoorRecord(site.session, text);
+    SaveOver(site.session, text);
     EXPECT_EQ(site.Doors().at(0).DoorID, site.system.SystemID * 10000 + 41);
     EXPECT_EQ(FindDoor(site.session, "A1")->DoorID, second.SystemID * 10000 + 42);
 }
@@ -135,7 +132,7 @@ TEST(DoorRecords, HoldAnyText) {
         const auto door = LoadDoorRecord(site.session, label);
         ASSERT_TRUE(door) << label.left(40).toStdString();
         EXPECT_EQ(door->DoorDescription, label);
-        DeleteDoorRecord(site.session, label);
+        DeleteDoorRecord(site.session, *door);
         EXPECT_FALSE(HasDoors(site.session));
     }
 }
@@ -167,7 +164,7 @@ TEST(DoorRecords, StayWithinTheOpenSystem) {
     DoorText text;
     text.label = "A1";
     text.hardware = "Lever";
-    SaveDoorRecord(site.session, text);
+    SaveOver(site.session, text);
     NewSystem cores = StandardSystem("Cores", "395172");
     cores.type = SystemType::ICCore23;
     cores.special = "527394";
@@ -177,12 +174,12 @@ TEST(DoorRecords, StayWithinTheOpenSystem) {
     EXPECT_FALSE(HasDoors(site.session));
     EXPECT_FALSE(LoadDoorRecord(site.session, "A1"));
     EXPECT_EQ(CountHardware(site.session, "Lever"), 0);
-    SaveDoorRecord(site.session, text);
+    SaveOver(site.session, text);
     text.label = "A2";
-    SaveDoorRecord(site.session, text);
+    SaveOver(site.session, text);
     EXPECT_EQ(CountHardware(site.session, "Lever"), 2);
     EXPECT_EQ(CountHardware(site.session, "lever"), 0);
-    DeleteDoorRecord(site.session, "A1");
+    DeleteDoorRecord(site.session, site.Door("A1"));
     EXPECT_EQ(CountHardware(site.session, "Lever"), 1);
     EXPECT_EQ(site.Doors().size(), 1U) << "the other system keeps its own";
 }

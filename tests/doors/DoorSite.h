@@ -7,6 +7,17 @@
 
 namespace quorrel::test {
 
+/// A door as a form shows it that has just brought it up, or one that it does not know.
+inline ShownDoor ShownNow(Session& session, const QString& label) {
+    const auto door = FindDoorMeant(session, label);
+    return door ? ShownDoor{door, TextOf(*door)} : ShownDoor{};
+}
+
+/// Saves a record over what is stored under its label at this moment.
+inline std::optional<SavedDoor> SaveOver(Session& session, const DoorText& text) {
+    return SaveDoorRecord(session, text, ShownNow(session, text.label));
+}
+
 /// A program with an open system, for what is done with its doors.
 class DoorSite : public TestProgram {
 public:
@@ -16,7 +27,7 @@ public:
         DoorText text;
         text.label = label;
         text.description = description;
-        EXPECT_TRUE(SaveDoorRecord(session, text));
+        EXPECT_TRUE(SaveOver(session, text));
     }
 
     /// Gives a key of the first page its Key ID, stored just so.
@@ -46,7 +57,38 @@ public:
         return keys;
     }
 
+    DoorsRow Door(const QString& label) {
+        const auto door = FindDoor(session, label);
+        EXPECT_TRUE(door) << label.toStdString();
+        return door.value_or(DoorsRow());
+    }
+
     KeySystemRow system;
+};
+
+/// Another workstation with the same system of the same file open.
+class OtherWorkstation {
+public:
+    explicit OtherWorkstation(DoorSite& site)
+        : session(site.folder.path(), site.boxes, site.session.clock, Random([] { return 1U; })) {
+        QString failure;
+        EXPECT_TRUE(LoadStartupFiles(session, failure)) << failure.toStdString();
+        OpenKeySystem(session, site.system);
+    }
+
+    /// Changes one text of a door.
+    void Change(const QString& label, QString DoorText::*part, const QString& to) {
+        const ShownDoor shown = ShownNow(session, label);
+        DoorText typed = shown.text;
+        typed.*part = to;
+        EXPECT_TRUE(SaveDoorRecord(session, typed, shown));
+    }
+
+    void Delete(const QString& label) {
+        DeleteDoorRecord(session, FindDoor(session, label).value());
+    }
+
+    Session session;
 };
 
 } // namespace quorrel::test

@@ -1,3 +1,4 @@
+#include "doors/DoorAssignment.h"
 #include "doors/DoorSite.h"
 #include "doors/frmDoors.h"
 #include "platform/Text.h"
@@ -7,10 +8,15 @@
 #include "widgets/TextList.h"
 
 #include <QCheckBox>
+#include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalSpy>
+
+#include <functional>
 
 namespace quorrel::test {
 namespace {
@@ -39,6 +45,9 @@ protected:
     QCheckBox* Box(const char* name) { return Find<QCheckBox>(form, name); }
     bool IsEnabled(const char* name) { return Find<QWidget>(form, name)->isEnabled(); }
     QStringList Lines(const char* name) { return Find<TextList>(form, name)->Lines(); }
+    QString Chosen(const char* name) { return Find<TextList>(form, name)->CurrentText(); }
+    QString Foot() { return Find<QLabel>(form, "lblFoot")->text(); }
+    QString Focus() { return form->focusWidget()->objectName(); }
 
     /// Clicks the line of a list that begins with a text, once or twice.
     void ClickLine(const char* name, const QString& begin, bool twice = false) {
@@ -111,9 +120,36 @@ TEST_F(FrmDoors, OnlyAChoiceFromTheListBringsUpTheSameDoorAgain) {
     label->setFocus();
     QTest::keyClick(label, Qt::Key_Tab);
     EXPECT_EQ(Area("txtDoorDescription"), "new");
-    label->showPopup();
-    QTest::keyClick(label->view(), Qt::Key_Return);
-    EXPECT_EQ(Area("txtDoorDescription"), "old");
+    for (const auto& [answer, description] :
+         {std::pair{BoxAnswer::No, "new"}, {BoxAnswer::Yes, "old"}}) {
+        site.boxes.Expect("typed into this record is not saved", answer);
+        label->showPopup();
+        QTest::keyClick(label->view(), Qt::Key_Return);
+        EXPECT_EQ(Area("txtDoorDescription"), description);
+    }
+}
+
+TEST_F(FrmDoors, AnotherLabelIsChosenOverTypedTextOnlyAfterAQuestion) {
+    site.Save("A1", "first");
+    site.Save("B1", "second");
+    Open();
+    auto* label = Find<TextCombo>(form, "cmbDoorLabel");
+    Type(form, "cmbDoorLabel", "A1");
+    QTest::keyClick(label, Qt::Key_Down);
+    EXPECT_EQ(Area("txtDoorDescription"), "second") << "nothing was typed";
+    Type(form, "txtDoorDescription", "mine");
+    label->setFocus();
+    site.boxes.Expect("typed into this record is not saved", BoxAnswer::No);
+    QTest::keyClick(label, Qt::Key_Up);
+    EXPECT_EQ(LabelText(), "B1");
+    EXPECT_EQ(Area("txtDoorDescription"), "mine");
+    Click(form, "cmdSave");
+    EXPECT_EQ(site.Door("B1").DoorDescription, "mine");
+    EXPECT_EQ(site.Door("A1").DoorDescription, "first");
+    Type(form, "txtDoorDescription", "typed first");
+    Type(form, "cmbDoorLabel", "A1");
+    EXPECT_EQ(Area("txtDoorDescription"), "first") << "while a label is typed nothing is asked";
+    EXPECT_TRUE(Foot().contains("was not saved")) << "but it is told";
 }
 
 TEST_F(FrmDoors, DeletesADoorAfterAQuestion) {
@@ -334,6 +370,297 @@ TEST_F(FrmDoors, TheTabKeyGoesRoundInReadingOrder) {
                                             "cmbHardware", "txtHardwareSpecs"}));
     EXPECT_TRUE(round.contains("lstKeyedDoors"));
     EXPECT_EQ(round.last(), "cmdHelp");
+}
+
+TEST_F(FrmDoors, OnlyTheSaveButtonSaves) {
+    site.NameKey(0, Padded("K1", 12));
+    site.Save("A1");
+    Open();
+    Type(form, "cmbDoorLabel", "A2");
+    for (const auto& [box, next] : {std::pair{"cmbDoorLabel", "txtDoorDescription"},
+                                    {"cmbHardware", "txtHardwareSpecs"},
+                                    {"txtSearchKey", "lstKeyIDs"},
+                                    {"txtSearchDoor", "lstAllDoors"},
+                                    {"ckKeyed", "ckCrossKeyed"},
+                                    {"lstAllDoors", "lstAllDoors"}}) {
+        Find<QWidget>(form, box)->setFocus();
+        QTest::keyClick(form->focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(Focus(), next);
+    }
+    EXPECT_EQ(site.Doors().size(), 1U);
+    EXPECT_EQ(LabelText(), "A2");
+    EXPECT_FALSE(Box("ckKeyed")->isChecked());
+    Find<QWidget>(form, "cmdSave")->setFocus();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Enter);
+    EXPECT_EQ(site.Doors().size(), 2U) << "Enter on the button is its click";
+}
+
+TEST_F(FrmDoors, IsWorkedByKeysAlone) {
+    site.NameKey(0, Padded("K1", 12), "Hall");
+    site.NameKey(1, Padded("K2", 12), "Store");
+    site.Save("A1");
+    Open();
+    form->activateWindow();
+    const auto press = [&](Qt::Key key) {
+        QTest::keyClick(form->focusWidget(), key);
+        QCoreApplication::processEvents();
+    };
+    const auto alt = [&](Qt::Key key, const char* button) {
+        QSignalSpy clicked(Find<QPushButton>(form, button), &QPushButton::clicked);
+        QTest::keyClick(form->focusWidget(), key, Qt::AltModifier);
+        EXPECT_TRUE(!clicked.empty() || clicked.wait()) << button;
+    };
+    const auto tabTo = [&](const char* name) {
+        for (int stop = 0; stop < 30 && Focus() != QLatin1String(name); ++stop)
+            press(Qt::Key_Tab);
+        EXPECT_EQ(Focus(), name);
+    };
+    EXPECT_EQ(Focus(), "cmbDoorLabel");
+    QTest::keyClicks(form->focusWidget(), "B1");
+    press(Qt::Key_Return);
+    QTest::keyClicks(form->focusWidget(), "Boiler room");
+    tabTo("ckKeyed");
+    press(Qt::Key_Space);
+    alt(Qt::Key_S, "cmdSave");
+    EXPECT_EQ(Foot(), "Door B1 added");
+    EXPECT_EQ(Focus(), "cmbDoorLabel");
+    tabTo("txtSearchKey");
+    QTest::keyClicks(form->focusWidget(), "k2");
+    press(Qt::Key_Return);
+    tabTo("lstAllDoors");
+    EXPECT_TRUE(Chosen("lstAllDoors").startsWith("B1")) << "the door just saved";
+    press(Qt::Key_Up);
+    alt(Qt::Key_T, "cmdAssignTo");
+    EXPECT_EQ(Foot(), "Door A1 assigned to K2");
+    EXPECT_EQ(site.KeysOfDoors(), QStringList({Padded("K2", 12), QString(8, ' ')}));
+    tabTo("lstKeyedDoors");
+    press(Qt::Key_Down);
+    alt(Qt::Key_R, "cmdRemoveFrom");
+    EXPECT_EQ(Foot(), "Door A1 removed from K2");
+    EXPECT_EQ(site.KeysOfDoors().at(0), QString(7, ' '));
+    alt(Qt::Key_O, "cmdDone");
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(FrmDoors, TheSavedDoorIsHighlightedAndInView) {
+    for (int door = 0; door < 60; ++door)
+        site.Save(QStringLiteral("D%1").arg(door));
+    Open();
+    Type(form, "txtSearchDoor", "D5");
+    Type(form, "cmbDoorLabel", "D44");
+    Type(form, "txtDoorDescription", "Vault");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Foot(), "Door D44 changed");
+    auto* list = Find<TextList>(form, "lstAllDoors");
+    EXPECT_EQ(list->CurrentText(), DoorLine("D44", "Vault"));
+    EXPECT_TRUE(list->viewport()->rect().contains(list->visualRect(list->currentIndex())));
+    form->AskFor("D44");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Foot(), "Door D44 is as it was");
+    site.boxes.Expect("delete D44?", BoxAnswer::Yes);
+    form->AskFor("D44");
+    Click(form, "cmdDelete");
+    EXPECT_EQ(Foot(), "Door D44 deleted");
+    Click(form, "cmdAssignTo");
+    EXPECT_EQ(Foot(), "Choose a Key ID and a door, then add it");
+    Type(form, "cmbDoorLabel", "D99");
+    Find<TextCombo>(form, "cmbHardware")->setEditText(QString(60, 'h'));
+    Click(form, "cmdSave");
+    EXPECT_EQ(Foot(), "Door D99 added, with the first 50 characters of its hardware");
+}
+
+TEST_F(FrmDoors, AKeyIDThatCannotBeAssignedIsTold) {
+    site.NameKey(0, "ABCDEFGHIJK", "Hall");
+    for (const char* label : {"Corridor door 0001A", "Corridor door 0001B"})
+        site.Save(label);
+    Open();
+    ClickLine("lstKeyIDs", "ABC");
+    ClickLine("lstAllDoors", "Corr");
+    site.boxes.Expect("2 doors left without a key: a Key ID of more than 10 characters, such as "
+                      "ABCDEFGHIJK, cannot be assigned.");
+    Click(form, "cmdAssignTo");
+    EXPECT_EQ(site.KeysOfDoors(), QStringList({"", ""}));
+}
+
+TEST_F(FrmDoors, ShowsWhatHoldsAfterAnotherWorkstationsChange) {
+    site.Save("A1", "old");
+    OtherWorkstation other(site);
+    Open();
+    form->AskFor("A1");
+    Type(form, "txtDoorDescription", "mine");
+    Type(form, "txtHardwareSpecs", "left hand");
+    other.Change("A1", &DoorText::description, "theirs");
+    other.Change("A1", &DoorText::location, "East wing");
+    site.boxes.Expect("You had typed:\n    mine");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Area("txtDoorDescription"), "theirs");
+    EXPECT_EQ(Area("txtDoorLocation"), "East wing");
+    EXPECT_EQ(Area("txtHardwareSpecs"), "left hand") << "what met nothing is not lost";
+    EXPECT_EQ(site.Door("A1").Text2, "");
+    Click(form, "cmdSave");
+    EXPECT_EQ(site.Door("A1").Text2, "left hand");
+    EXPECT_EQ(site.Door("A1").DoorDescription, "theirs");
+
+    form->AskFor("A1");
+    other.Change("A1", &DoorText::details, "right hand");
+    site.boxes.Expect("delete A1?", BoxAnswer::Yes);
+    site.boxes.Expect("Door A1 has been changed at another workstation");
+    Click(form, "cmdDelete");
+    EXPECT_EQ(Area("txtHardwareSpecs"), "right hand");
+    Type(form, "txtDoorLocation", "West wing");
+    other.Delete("A1");
+    site.boxes.Expect("Door A1 is no longer in the file");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Lines("lstAllDoors"), QStringList());
+    EXPECT_EQ(Area("txtDoorLocation"), "West wing");
+    EXPECT_EQ(Foot(), "Door A1 is not stored any more. Save adds it anew.");
+    Click(form, "cmdSave");
+    EXPECT_EQ(site.Door("A1").DoorLocation, "West wing");
+}
+
+TEST_F(FrmDoors, ALabelTakenMeanwhileIsTold) {
+    OtherWorkstation other(site);
+    Open();
+    Type(form, "cmbDoorLabel", "A1");
+    Type(form, "txtDoorDescription", "mine");
+    DoorText theirs;
+    theirs.label = "A1";
+    theirs.description = "theirs";
+    SaveOver(other.session, theirs);
+    site.boxes.Expect("Door A1 has been added at another workstation");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Area("txtDoorDescription"), "theirs");
+    EXPECT_EQ(Line("txtDoorID"), QString::number(site.Door("A1").DoorID));
+    EXPECT_EQ(site.Doors().size(), 1U);
+    QTest::keyClick(form.data(), Qt::Key_Escape);
+    EXPECT_EQ(closed, 1) << "nothing is unsaved";
+}
+
+TEST_F(FrmDoors, ChoicesFromAgedListsAreToldAndTheListsReadAnew) {
+    site.NameKey(0, Padded("K1", 12), "Hall");
+    site.NameKey(1, Padded("K2", 12), "Store");
+    for (const char* label : {"A1", "A2"})
+        site.Save(label);
+    Open();
+    form->AskFor("A1");
+    Type(form, "txtDoorDescription", "half typed");
+    ClickLine("lstKeyIDs", "K1");
+    ClickLine("lstAllDoors", "A2", true);
+    site.NameKey(0, Padded("K3", 12), "Hall");
+    ClickLine("lstAllDoors", "A1");
+    site.boxes.Expect("Key ID K1 is no longer in the file");
+    Click(form, "cmdAssignTo");
+    EXPECT_EQ(Lines("lstKeyIDs").at(0), Padded("K3", 12) + "Hall");
+    EXPECT_EQ(Chosen("lstKeyIDs").left(2), "K3") << "the same key";
+    EXPECT_EQ(Chosen("lstAllDoors").left(2), "A1");
+    EXPECT_EQ(Area("txtDoorDescription"), "half typed");
+    EXPECT_EQ(site.KeysOfDoors(), QStringList({QString(8, ' '), Padded("K1", 12)}));
+
+    ClickLine("lstKeyIDs", "K2");
+    ClickLine("lstAllDoors", "A2", true);
+    OtherWorkstation other(site);
+    AssignDoorToKey(other.session, ListKeyableKeys(other.session)[0], ListDoors(other.session)[1]);
+    ClickLine("lstKeyedDoors", "A2");
+    site.boxes.Expect("The key of door A2 has been changed at another workstation");
+    Click(form, "cmdRemoveFrom");
+    EXPECT_EQ(Lines("lstKeyedDoors"), QStringList());
+    EXPECT_EQ(site.KeysOfDoors().at(1), Padded("K3", 12));
+}
+
+TEST_F(FrmDoors, AsksAboutNothingThatIsAsItWas) {
+    site.Save("A1", "Caf\u00e9\r\nsouth\u00a0wing"); // The box shows other line ends and blanks.
+    const auto leavesUnasked = [&](const std::function<void()>& road) {
+        Open();
+        road();
+        const int before = closed;
+        QTest::keyClick(form.data(), Qt::Key_Escape);
+        EXPECT_EQ(closed, before + 1);
+        delete form.data();
+    };
+    leavesUnasked([] {});
+    leavesUnasked([&] { form->AskFor("gone"); });
+    leavesUnasked([&] {
+        Type(form, "cmbDoorLabel", "A1");
+        Click(form, "ckKeyed");
+        Click(form, "ckKeyed");
+        Click(form, "ckCrossKeyed");
+        Click(form, "ckCrossKeyed");
+        Type(form, "txtDoorLocation", "typed");
+        Type(form, "txtDoorLocation", "");
+        Type(form, "txtSearchDoor", "A");
+    });
+    leavesUnasked([&] {
+        Type(form, "cmbDoorLabel", "A2");
+        Click(form, "cmdSave");
+        Type(form, "cmbDoorLabel", "A2 ");
+        Type(form, "cmbDoorLabel", "");
+    });
+    Open();
+    Type(form, "txtDoorLocation", "without a label");
+    site.boxes.Expect("What you have typed is not saved", BoxAnswer::Yes);
+    QTest::keyClick(form.data(), Qt::Key_Escape);
+}
+
+TEST_F(FrmDoors, TextsThatAreTooLongForTheirBoxesAreShownCutAndStayWhole) {
+    const QString huge = QString(1 << 20, 'x');
+    site.Save("A1", "Vault");
+    site.session.Keys().Execute("UPDATE Doors SET DoorLocation = :text, Text1 = :same, "
+                                "CutsLabel = :again",
+                                {huge, huge, huge});
+    Open();
+    Type(form, "cmbDoorLabel", "A1");
+    EXPECT_LT(Area("txtDoorLocation").size(), 40000);
+    EXPECT_TRUE(Find<QPlainTextEdit>(form, "txtDoorLocation")->isReadOnly());
+    Type(form, "txtDoorDescription", "Safe");
+    Click(form, "cmdSave");
+    EXPECT_FALSE(Find<QPlainTextEdit>(form, "txtDoorLocation")->isReadOnly());
+    const DoorsRow door = site.Door("A1");
+    EXPECT_EQ(door.DoorDescription, "Safe");
+    EXPECT_EQ(door.DoorLocation, huge);
+    EXPECT_EQ(door.Text1, huge);
+    EXPECT_EQ(door.CutsLabel, huge);
+    site.session.Keys().Execute("UPDATE Doors SET DoorLabel = :text", {huge});
+    delete form.data();
+    Open();
+    Find<TextCombo>(form, "cmbDoorLabel")->setCurrentIndex(0);
+    EXPECT_EQ(Area("txtDoorDescription"), "Safe");
+    EXPECT_LT(form->width(), 1366);
+}
+
+TEST(FrmDoorsInProgram, ReadingChangesNoByteOfTheFile) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    Type(main, "txtKeyID", "north");
+    Choose(main, "mnuAssignDoors"); // stores the key
+    QWidget* doors = run.Form("frmDoors");
+    Type(doors, "cmbDoorLabel", "East gate");
+    Click(doors, "ckKeyed");
+    Click(doors, "cmdSave");
+    Click(doors, "cmdDone");
+    const auto bytes = [&] {
+        QFile file(run.PathOf(kKeySystemFile));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    const QByteArray before = bytes();
+    for (const bool escape : {true, false}) {
+        Choose(main, "mnuAssignDoors");
+        doors = run.Form("frmDoors");
+        Type(doors, "cmbDoorLabel", "East gate");
+        Type(doors, "txtSearchKey", "n");
+        for (const char* list : {"lstKeyIDs", "lstAllDoors"}) {
+            Find<TextList>(doors, list)->setFocus();
+            QTest::keyClick(doors->focusWidget(), Qt::Key_Down);
+        }
+        doors->hide();
+        doors->show();
+        if (escape)
+            QTest::keyClick(doors, Qt::Key_Escape);
+        else
+            Click(doors, "cmdDone");
+        EXPECT_EQ(run.Form("frmMain"), main);
+        EXPECT_EQ(bytes(), before);
+    }
 }
 
 TEST(FrmDoorsInProgram, LeadsFromTheMainFormAndBack) {

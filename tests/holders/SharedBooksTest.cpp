@@ -12,7 +12,7 @@ class SharedBooks : public testing::Test {
 protected:
     void SetUp() override {
         program.CreateAndOpen(StandardSystem("Pier", "2715"));
-        AddOfficeHolders(session);
+        OpenOffice(session);
     }
 
     qint64 Returned() { return Recordset<ReturnKeyRow>(session.Keys()).Count(); }

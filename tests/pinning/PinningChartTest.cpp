@@ -45,8 +45,7 @@ TEST(PinningChart, SaysWhenTheBrandHasNoSizes) {
     EXPECT_TRUE(notes("Nobody's").startsWith("The lock brand Nobody's has no pin sizes."));
     PinSizes few;
     few.bottom[1] = ".165";
-    FindOrAddPinSizes(program.session, "Few");
-    SavePinSizes(program.session, "Few", few);
+    SavePinSizes(program.session, FindOrAddLockBrand(program.session, "Few"), few);
     EXPECT_TRUE(notes("few").startsWith("The lock brand few lacks the sizes of some"));
 }
 

@@ -81,6 +81,10 @@ TEST(Conflicts, ChangesOfBothAreMergedUnlessTheyMeet) {
         EXPECT_TRUE(text.startsWith("Door A1 has been changed")) << conflict.what();
         EXPECT_TRUE(text.contains("    Main entrance")) << "what was typed is not lost";
     }
+    mine.Text1 = "Rim lock";
+    const auto merge = MergeOf(shown, mine, theirs);
+    EXPECT_EQ(merge.row.DoorDescription + merge.row.Text1, "Side entranceRim lock");
+    EXPECT_EQ(merge.unsaved, QStringList{"Main entrance"});
 }
 
 TEST(Conflicts, ARowMustBeStoredAsItWasShown) {

@@ -4,6 +4,9 @@
 #include "holders/KeyUnits.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
+#include "store/OfSystem.h"
+#include "store/SystemTables.h"
 
 #include <QMap>
 #include <QSet>
@@ -12,6 +15,34 @@
 #include <stdexcept>
 
 namespace quorrel::test {
+
+/// The key of a Key ID as the list shows it; the next unnamed key gets it where none has.
+inline ListedKey KeyNamed(Session& session, const QString& keyID) {
+    for (const ListedKey& key : ListKeys(session, keyID))
+        if (key.keyID == keyID)
+            return key;
+    for (PatternsRow row :
+         Recordset<PatternsRow>(session.Keys(), OfSystem<PatternsRow>(session)).Rows()) {
+        if (!row.Label.trimmed().isEmpty())
+            continue;
+        row.Label = keyID;
+        Recordset<PatternsRow>::Update(session.Keys(), row);
+        return KeyNamed(session, keyID);
+    }
+    throw std::runtime_error("All keys are named");
+}
+
+/// The holder of a number as the list shows him by user ID.
+inline ListedHolder HolderNumbered(Session& session, const QString& number) {
+    for (const ListedHolder& holder : ListHolders(session, HolderColumn::UserID, number))
+        if (holder.number == number)
+            return holder;
+    throw std::runtime_error("Nobody has this number");
+}
+
+inline QStringList OfficeKeys() {
+    return {QStringLiteral("A1"), QStringLiteral("O'HARE 100%")};
+}
 
 /// Holds key units as a busy office does: issues, assigns, takes back and deletes at random.
 class BusyOffice {
@@ -24,10 +55,12 @@ public:
     };
     const Tally& Done() const { return m_done; }
 
-    /// Does one of the actions. One for which the file was in use for too long is left undone.
+    /// Does one of the actions. One for which the file was in use for too long is left undone, and
+    /// one on what another workstation has changed since it was listed.
     void Act() {
         try {
             ActOnce();
+        } catch (const ChangedElsewhere&) {
         } catch (const DatabaseError& error) {
             if (error.kind() != DatabaseError::Kind::Busy)
                 throw;
@@ -36,20 +69,20 @@ public:
 
 private:
     void ActOnce() {
-        const QString keyID = Pick({QStringLiteral("A1"), QStringLiteral("O'HARE 100%")});
+        const ListedKey key = KeyNamed(m_session, Pick(OfficeKeys()));
         switch (Below(8)) {
         case 0:
-            Issue(keyID);
+            Issue(key);
             break;
         case 1:
-            Delete(keyID);
+            Delete(key);
             break;
         case 2:
         case 3:
-            TakeBack(keyID);
+            TakeBack(key);
             break;
         default:
-            Assign(keyID);
+            Assign(key);
         }
     }
 
@@ -58,34 +91,35 @@ private:
         return texts.isEmpty() ? QString() : texts[Below(static_cast<int>(texts.size()))];
     }
 
-    void Issue(const QString& keyID) {
+    void Issue(const ListedKey& key) {
         const int first = 1 + Below(25);
         const QString last = Below(2) ? QString::number(first + Below(6)) : QString();
-        m_done.issued += IssueUnits(m_session, keyID, QString::number(first), last).count;
+        m_done.issued += IssueUnits(m_session, key, QString::number(first), last).count;
     }
 
-    void Assign(const QString& keyID) {
-        const QString unit = Pick(ListFreeUnits(m_session, keyID).units);
-        const auto holder = FindHolder(m_session, Pick({"1", "12", "123"}));
-        if (!unit.isEmpty() && AssignUnit(m_session, keyID, unit, *holder) == UnitDone::Done)
+    void Assign(const ListedKey& key) {
+        const QString unit = Pick(ListFreeUnits(m_session, key.keyID).units);
+        const ListedHolder holder = HolderNumbered(m_session, Pick({"1", "12", "123"}));
+        if (!unit.isEmpty() &&
+            AssignUnit(m_session, key, unit, holder).outcome == Assigned::Outcome::Done)
             ++m_done.assigned;
     }
 
-    void TakeBack(const QString& keyID) {
-        const QString line = Pick(ListHeldUnits(m_session, keyID).lines);
+    void TakeBack(const ListedKey& key) {
+        const QString line = Pick(ListHeldUnits(m_session, key.keyID).lines);
         if (line.isEmpty())
             return;
         const bool lost = Below(4) == 0;
-        const auto holders = HoldersOfLine(m_session, line);
+        const auto holders = HoldersOfLine(m_session, key, line);
         if (holders.size() != 1)
             throw std::runtime_error("Holders of " + line.toStdString());
-        if (TakeBackUnit(m_session, keyID, line, holders[0], "note", lost) == UnitDone::Done)
-            ++(lost ? m_done.lost : m_done.returned);
+        TakeBackUnit(m_session, key, line, holders[0], "note", lost);
+        ++(lost ? m_done.lost : m_done.returned);
     }
 
-    void Delete(const QString& keyID) {
-        const QString unit = Pick(ListFreeUnits(m_session, keyID).units);
-        if (!unit.isEmpty() && DeleteUnit(m_session, keyID, unit) == UnitDone::Done)
+    void Delete(const ListedKey& key) {
+        const QString unit = Pick(ListFreeUnits(m_session, key.keyID).units);
+        if (!unit.isEmpty() && DeleteUnit(m_session, key, unit))
             ++m_done.deleted;
     }
 
@@ -94,14 +128,16 @@ private:
     Tally m_done;
 };
 
-/// Adds the holders that the office deals with.
-inline void AddOfficeHolders(Session& session) {
+/// Adds the keys and the holders that the office deals with.
+inline void OpenOffice(Session& session) {
+    for (const QString& keyID : OfficeKeys())
+        KeyNamed(session, keyID);
     for (const char* number : {"1", "12", "123"}) {
         KeyUsersRow holder;
         holder.UserIDNumber = QLatin1String(number);
         holder.Lastname = QStringLiteral("O'Brien");
         holder.Firstname = QString::fromUtf8("Zo\u00eb");
-        SaveHolder(session, holder);
+        SaveHolder(session, {}, holder);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -40,6 +41,9 @@ public:
     void ExpectInput(const QString& text, const QString& typed) {
         m_expected.push_back({text, BoxAnswer::Ok, typed});
     }
+
+    /// Something happens while the next box is up.
+    void WhileNextIsUp(std::function<void()> action) { m_whileUp = std::move(action); }
 
     const std::vector<Shown>& All() const { return m_shown; }
 
@@ -111,6 +115,8 @@ private:
     }
 
     Expected Next(const QString& text) {
+        if (const auto action = std::exchange(m_whileUp, {}))
+            action();
         if (m_expected.empty()) {
             ADD_FAILURE() << "Unexpected box: " << text.toStdString();
             return {{}, BoxAnswer::Cancel, {}};
@@ -124,6 +130,7 @@ private:
 
     std::deque<Expected> m_expected;
     std::vector<Shown> m_shown;
+    std::function<void()> m_whileUp;
     std::optional<PrinterChoice> m_printer;
     QStringList m_progress;
     bool m_cancelProgress = false;

@@ -229,6 +229,23 @@ TEST_F(FrmOpenFile, ShowsWhatAnotherWorkstationHasCreatedWhenComeBackTo) {
     EXPECT_EQ(list->CurrentRow(), 1) << "the selection stays";
 }
 
+TEST_F(FrmOpenFile, ChoosesNoOtherSystemForOneThatIsGone) {
+    list->SetCurrentRow(0);
+    QWidget elsewhere;
+    elsewhere.show();
+    elsewhere.activateWindow();
+    EXPECT_EQ(Workstation(run.folder.path(), {"delete", "Pier"}).Finish(), 0);
+    open->activateWindow();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->Lines(), QStringList("Quay"));
+    Click(open, "cmdDelete");
+    Click(open, "cmdOpen");
+    EXPECT_EQ(run.Form("frmOpenFile"), open);
+    QTest::keyClick(list, Qt::Key_Down);
+    Click(open, "cmdOpen");
+    EXPECT_EQ(Find<QLabel>(run.Form("frmMain"), "lblSystem")->text(), "Quay");
+}
+
 TEST_F(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
     list->SetCurrentRow(1);
     run.boxes.Expect("\"Quay\"", BoxAnswer::No);
