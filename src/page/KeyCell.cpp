@@ -13,12 +13,13 @@ namespace {
 
 /// The picture of a state. There are few, and drawing their outlines takes longer than all else
 /// that a click on a cell does, so each is drawn once for a size.
-QPixmap PictureOf(int state, const QSize& size, double ratio) {
-    const QString name = QStringLiteral("KeyCell %1 %2x%3 %4")
+QPixmap PictureOf(int state, bool onDark, const QSize& size, double ratio) {
+    const QString name = QStringLiteral("KeyCell %1 %2x%3 %4 %5")
                              .arg(state)
                              .arg(size.width())
                              .arg(size.height())
-                             .arg(ratio);
+                             .arg(ratio)
+                             .arg(onDark);
     QPixmap picture;
     if (QPixmapCache::find(name, &picture))
         return picture;
@@ -26,7 +27,8 @@ QPixmap PictureOf(int state, const QSize& size, double ratio) {
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    PaintKey(painter, QRectF(QPointF(), size).adjusted(1, 0.5, -1, -0.5), LookOfState(state));
+    PaintKey(painter, QRectF(QPointF(), size).adjusted(1, 0.5, -1, -0.5),
+             LookOfState(state, onDark));
     QPixmapCache::insert(name, picture);
     return picture;
 }
@@ -49,14 +51,14 @@ void KeyCell::ShowState(int state) {
 void KeyCell::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.drawPixmap(0, 0,
+                       PictureOf(m_shownState, IsDark(palette()), size(), devicePixelRatioF()));
+    // A ring, not a ground: the key stands off from what it lies on whatever the ring's colour.
     if (hasFocus() || (underMouse() && isEnabled())) {
-        QColor glow = palette().color(QPalette::Highlight);
-        glow.setAlphaF(hasFocus() ? 0.45F : 0.22F);
-        painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 1) : Qt::NoPen);
-        painter.setBrush(glow);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), hasFocus() ? 2 : 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
     }
-    painter.drawPixmap(0, 0, PictureOf(m_shownState, size(), devicePixelRatioF()));
 }
 
 void KeyCell::keyPressEvent(QKeyEvent* event) {

@@ -105,7 +105,7 @@ std::vector<KeyLine> FillKeyList(Session& session, const QString& filter) {
         lines.push_back({ListLine(Padded(key.Label, static_cast<int>(widest)) + u' ' +
                                   Padded(key.Department, kShownDepartment) + QStringLiteral("  ") +
                                   key.Description),
-                         key.PageNumber, key.Position});
+                         key.PageNumber, key.Position, key.key});
     }
     return lines;
 }

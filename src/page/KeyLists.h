@@ -14,6 +14,7 @@ struct KeyLine {
     QString text;
     int page = 0;
     int cell = 0;
+    RowKey key = 0; ///< of its `Patterns` row
 };
 
 /// A line of the doors or of the holders of a key, and the door's label or the holder's ID that it

@@ -1,6 +1,7 @@
 #include "page/KeyRecord.h"
 
 #include "page/KeySelection.h"
+#include "pinning/PinningChart.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
 #include "store/Conflict.h"
@@ -202,9 +203,13 @@ bool KeyRecord::SaveKeyRecord(KeyRecordText& screen) {
         Tell(obstacle, screen);
         return false;
     }
+    const bool named = !screen.keyID.isEmpty() && screen.keyID != m_shown.keyID;
     m_last = m_shown = screen;
     m_offered = false;
     m_repeatLastRecord = !screen.keyID.isEmpty();
+    if (named && HasControlKeysCuts(m_page, m_cell))
+        m_session.boxes.Message(ControlKeyWarning(), m_session.ProgramTitle, BoxButtons::Ok,
+                                BoxIcon::Warning);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "page/KeySelection.h"
 
 #include "engine/CellStates.h"
+#include "engine/SystemDefinition.h"
 #include "platform/Text.h"
 
 namespace quorrel {
@@ -72,6 +73,7 @@ void FillRecord(KeySelection& selection, const PageView& page, bool mayReadCuts)
     const auto pins = static_cast<std::size_t>(page.System().PinCount);
     selection.notRecommended =
         cell.tag.size() > pins && cell.tag[pins] == '*' && IsNoValue(RightTrimmed(cell.keyLabel));
+    selection.isControlKey = HasControlKeysCuts(page, selection.cell);
 }
 
 QString StateInWords(int state) {
@@ -90,6 +92,12 @@ QString StateInWords(int state) {
 }
 
 } // namespace
+
+bool HasControlKeysCuts(const PageView& page, int cell) {
+    const OpenSystem& system = page.System();
+    return system.SystemIsIC && !page.Cell(cell).IsBlank() &&
+           IsControlKeysCuts(page.Cell(cell).tag, system.SpecialCuts);
+}
 
 KeySelection SelectKey(const PageView& page, int cell, bool mayReadCuts) {
     KeySelection selection;

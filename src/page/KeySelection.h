@@ -27,10 +27,14 @@ struct KeySelection {
     std::optional<Level> highlight;      ///< the level that the selected key is itself
     std::array<int, kAllCells> states{}; ///< final state of every cell
     bool notRecommended = false;         ///< a key without label that exceeds the safety factor
+    bool isControlKey = false;           ///< a key of the system with the control key's cuts
 };
 
 /// Works out what selecting a cell shows. Pure arithmetic on the page in memory.
 KeySelection SelectKey(const PageView& page, int cell, bool mayReadCuts);
+
+/// True when whoever holds the key of a cell can draw every core of the system.
+bool HasControlKeysCuts(const PageView& page, int cell);
 
 /// What the level panel calls a cell's kind, such as "Block Master".
 QString KindInWords(const PageView& page, int cell);

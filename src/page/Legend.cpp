@@ -32,9 +32,11 @@ Legend::Legend(QWidget* parent) : QGroupBox(parent) {
     };
     for (int state = 0; state < 5; ++state)
         for (int labelled = 0; labelled < 2; ++labelled)
-            add(state, 2 * labelled, LookOfState(state + labelled * cellstate::kLabelled),
+            add(state, 2 * labelled,
+                LookOfState(state + labelled * cellstate::kLabelled, IsDark(palette())),
                 texts[state][labelled]);
-    add(5, 0, LookOfState(cellstate::kNotRecommended), "Blue Line-Not Recomended");
+    add(5, 0, LookOfState(cellstate::kNotRecommended, IsDark(palette())),
+        "Blue Line-Not Recomended");
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
 }

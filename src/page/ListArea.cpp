@@ -88,7 +88,21 @@ bool ListArea::eventFilter(QObject* watched, QEvent* event) {
 
 void ListArea::ShowKeys(std::vector<KeyLine> keys) {
     m_keys = std::move(keys);
-    ui->lstAllIDs->Refill(TextsOf(m_keys));
+    m_listsKeys = true;
+    ui->lstAllIDs->SetLines(TextsOf(m_keys));
+    ShowSelected(m_selected);
+}
+
+QString ListArea::KeyFilter() const {
+    return ui->txtSearchAll->text();
+}
+
+void ListArea::ShowSelected(RowKey key) {
+    m_selected = key;
+    const auto line = std::find_if(m_keys.begin(), m_keys.end(),
+                                   [key](const KeyLine& shown) { return shown.key == key; });
+    ui->lstAllIDs->SetCurrentRow(line == m_keys.end() ? -1
+                                                      : static_cast<int>(line - m_keys.begin()));
 }
 
 void ListArea::ShowDoors(std::vector<SubjectLine> doors) {

@@ -36,6 +36,13 @@ public:
     /// Empties the lists that belong to the selected key.
     void ClearKey();
 
+    /// True once the Key IDs have been listed: from then on the list is to follow what is stored.
+    bool ListsKeys() const { return m_listsKeys; }
+    QString KeyFilter() const;
+
+    /// Highlights the key of a row in the list of Key IDs, if it is there, which is no click.
+    void ShowSelected(RowKey key);
+
     /// Moves the focus from one list's box to the next one's, from elsewhere to the first.
     void FocusNext();
 
@@ -63,6 +70,8 @@ private:
 
     std::unique_ptr<Ui::ListArea> ui;
     std::array<Pane, 3> m_panes;
+    bool m_listsKeys = false;
+    RowKey m_selected = 0;
     std::vector<KeyLine> m_keys;
     std::vector<SubjectLine> m_doors;
     std::vector<SubjectLine> m_users;

@@ -14,9 +14,10 @@ namespace quorrel {
 
 namespace {
 
-/// Pixels a twip: the least, and the most in the compact layout, which stays a compact one.
-constexpr double kLeastScale = 0.09;
-constexpr double kMostCompactScale = 0.15;
+/// The least pixels a twip: the keys of the compact layout can still be told apart then, those of
+/// the large one are comfortable to look at.
+constexpr double kLeastCompactScale = 0.1;
+constexpr double kLeastLargeScale = 0.12;
 
 /// The place of the card under a block, the cells of one column and group.
 QRectF CardPlace(PageLayout layout, int column, int group) {
@@ -49,8 +50,9 @@ void PageGrid::SetLayout(PageLayout layout) {
     PlaceCells();
 }
 
-QSize PageGrid::sizeHint() const {
-    return (PageFrameSize(m_layout) * kLeastScale).toSize();
+QSize PageGrid::LeastSize(PageLayout layout) {
+    const double scale = layout == PageLayout::Compact ? kLeastCompactScale : kLeastLargeScale;
+    return (PageFrameSize(layout) * scale).toSize();
 }
 
 void PageGrid::showEvent(QShowEvent*) {
@@ -68,9 +70,7 @@ void PageGrid::resizeEvent(QResizeEvent*) {
 
 QTransform PageGrid::Placing() const {
     const QSizeF frame = PageFrameSize(m_layout);
-    double scale = std::min(width() / frame.width(), height() / frame.height());
-    if (m_layout == PageLayout::Compact)
-        scale = std::min(scale, kMostCompactScale);
+    const double scale = std::min(width() / frame.width(), height() / frame.height());
     return QTransform::fromScale(scale, scale) *
            QTransform::fromTranslate((width() - frame.width() * scale) / 2, 0);
 }
@@ -147,10 +147,12 @@ KeyCell* PageGrid::Neighbour(const KeyCell& from, int key) const {
 void PageGrid::keyPressEvent(QKeyEvent* event) {
     const auto* from = qobject_cast<KeyCell*>(focusWidget());
     KeyCell* to = from ? Neighbour(*from, event->key()) : nullptr;
-    if (to && event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down)
-        to->setFocus();
-    else
+    if (!to || event->key() < Qt::Key_Left || event->key() > Qt::Key_Down) {
         QWidget::keyPressEvent(event);
+        return;
+    }
+    to->setFocus();
+    emit CellEntered(to);
 }
 
 } // namespace quorrel

@@ -24,11 +24,16 @@ public:
     /// Places the cells by the figures of a layout, in proportion to the room there is.
     void SetLayout(PageLayout layout);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    /// The least size of the grid in a layout, in pixels.
+    static QSize LeastSize(PageLayout layout);
+
+    QSize sizeHint() const override { return LeastSize(m_layout); }
+    QSize minimumSizeHint() const override { return LeastSize(m_layout); }
 
 signals:
     void CellClicked(int index);
+    /// The focus has been moved to a cell by the keyboard.
+    void CellEntered(QWidget* cell);
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -11,10 +11,6 @@
 #include <QTimer>
 
 #include <memory>
-#include <vector>
-
-class QAction;
-class QLabel;
 
 namespace Ui {
 class frmMain;
@@ -40,7 +36,6 @@ protected:
     void Activated() override;
     void Reload() override;
     bool Unloading() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     /// A form is wanted in place of this one, with what it is to bring up.
@@ -57,66 +52,50 @@ private:
     /// been read; or again, as it was.
     enum class Manner { Clicked, PageTurned, Again };
 
-    struct LevelLabels {
-        QLabel *caption, *id, *description;
-    };
-
-    /// An entry of the menu that leads to a form, and whether the user has the right to it.
-    struct FormEntry {
-        QAction* action;
-        const char* form;
-        bool allowed;
-    };
-
-    void LoadForm();
-    void ApplyPermissions();
-    void ShowSystem();
-    void ShowSpecialCuts();
-    void ApplyLevelCaptions();
-    void SetFonts();
-    std::vector<FormEntry> FormEntries() const;
     void WatchMenu();
-    void WatchHelpMenu();
+    void WatchPage();
     void WatchLists();
     void WatchRecord();
-    void HoldDescription();
-    void SelectWhole(QObject* field);
-    void RaiseCase(QObject* field);
-    KeyRecordText ScreenText() const;
+    void WatchButtons();
+    void AddShortcuts();
+    void LoadForm();
+    void ApplyPermissions();
+
+    // Pending edits.
+    bool IsEdited() const;
     void ShowText(const KeyRecordText& text);
     bool SavePending(int leastLabel);
     bool MayDropRecord(int leastLabel);
     bool MayMoveOn(int leastLabel);
     bool SaveOrDrop();
+    void ShowStored();
+
+    // Ways to other forms.
+    void AskForEntry(const QString& formName);
     void AskFor(const QString& formName, const QString& subject = {});
     void LeaveSystem(const QString& formName);
     bool MayLeaveFor(const char* formName);
-    void BringUp(int page, int cell);
     void ShowPinning();
     PinningRequest SelectedKey() const;
-    void AddShortcuts();
-    void LoadDepartmentList();
-    void SetCompactLayout();
-    void SetLargeLayout();
-    void ClickPicture1();
+
+    // The page and its selected cell.
+    void BringUp(int page, int cell);
     void ShowPage(int page);
-    void ToggleLegend();
     void TurnPage(int page);
     void StayOnPage();
-    void ShowPageNumber();
     void SelectCell(int cell, Manner manner);
-    void ShowLevels(const KeySelection& selection);
-    void PaintCells(const KeySelection& selection);
-    std::array<LevelLabels, kLevels> Levels() const;
+    void WarnOf(const KeySelection& selection);
+    void SetCompactLayout();
+    void SetLargeLayout();
+    void ToggleLayout();
 
     std::unique_ptr<Ui::frmMain> ui;
     PageView m_page;
     KeyRecord m_record;
     int m_selectedCell = 0;
-    int m_insertionEnd = 0;  ///< in the description: where the text that came last ends
-    int m_cellIconSize = 0;  ///< 0 compact, 1 large
-    QSet<QString> m_offered; ///< names of the forms that can be asked for
-    QTimer m_timer1{this};   ///< counts idle time
+    QSet<QString> m_offered;    ///< names of the forms that can be asked for
+    QList<int> m_compactWidths; ///< of the splitter, while the large layout has widened the page
+    QTimer m_timer1{this};      ///< counts idle time
 };
 
 } // namespace quorrel

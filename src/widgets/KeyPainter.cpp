@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
 #include <QTransform>
 
 #include <algorithm>
@@ -13,14 +14,40 @@ namespace quorrel {
 
 namespace {
 
-/// Colours that stand off from a light and from a dark window alike.
-QColor ColourOf(int relation) {
-    static const std::array<QColor, 5> colours = {QColor(0x8a, 0x90, 0x99),  // unselected
-                                                  QColor(0xd9, 0x2b, 0x2b),  // selected
-                                                  QColor(0x1f, 0x99, 0x4a),  // sub key
-                                                  QColor(0xd9, 0x80, 0x0a),  // master above
-                                                  QColor(0x97, 0x4b, 0xc4)}; // master below
-    return colours.at(static_cast<std::size_t>(relation));
+/// The colours of the relations that a key can have to the selected one, and of the line under a
+/// key that is not recommended.
+struct Colours {
+    std::array<QColor, 5> relations;
+    QColor plate, line;
+};
+
+const Colours& ColoursFor(bool onDark) {
+    static const Colours light = {{QColor(0x6b, 0x72, 0x80),  // unselected
+                                   QColor(0xc8, 0x1e, 0x1e),  // selected
+                                   QColor(0x15, 0x80, 0x3d),  // sub key
+                                   QColor(0xb4, 0x53, 0x09),  // master above
+                                   QColor(0x7e, 0x22, 0xce)}, // master below
+                                  QColor(0xfd, 0xe2, 0xe2),
+                                  QColor(0x1d, 0x4e, 0xd8)};
+    static const Colours dark = {{QColor(0x9c, 0xa3, 0xaf), QColor(0xff, 0x7b, 0x7b),
+                                  QColor(0x4a, 0xde, 0x80), QColor(0xf5, 0xa6, 0x23),
+                                  QColor(0xc9, 0x94, 0xfd)},
+                                 QColor(0x5b, 0x1f, 0x1f),
+                                 QColor(0x60, 0xa5, 0xfa)};
+    return onDark ? dark : light;
+}
+
+KeyMark MarkOf(int relation) {
+    switch (relation) {
+    case cellstate::kSub:
+        return KeyMark::Down;
+    case cellstate::kPreMaster:
+        return KeyMark::Up;
+    case cellstate::kSubMaster:
+        return KeyMark::Square;
+    default:
+        return KeyMark::None;
+    }
 }
 
 constexpr double kWidth = 15;
@@ -54,41 +81,98 @@ QPainterPath Outline() {
     return Joined(bow, blade, true);
 }
 
+/// A mark in the bow of the key.
+QPainterPath MarkPath(KeyMark mark) {
+    constexpr double reach = 1.5;
+    const QPointF centre(3.3, 3.5);
+    QPainterPath path;
+    if (mark == KeyMark::Square) {
+        path.addRect(QRectF(centre - QPointF(1.2, 1.2), QSizeF(2.4, 2.4)));
+        return path;
+    }
+    const double tip = mark == KeyMark::Up ? -reach : reach;
+    path.moveTo(centre + QPointF(0, tip));
+    path.lineTo(centre + QPointF(-reach, -tip * 0.7));
+    path.lineTo(centre + QPointF(reach, -tip * 0.7));
+    path.closeSubpath();
+    return path;
+}
+
+/// What is cut out of a filled bow: its mark or, without one, the hole for the ring.
+QPainterPath Hole(KeyMark mark) {
+    if (mark != KeyMark::None)
+        return MarkPath(mark);
+    QPainterPath hole;
+    hole.addEllipse(QPointF(2.3, 3.5), 0.9, 0.9);
+    return hole;
+}
+
+/// Joining the paths takes time, so each shape is made once.
+const QPainterPath& ShapeOf(const KeyLook& look) {
+    static const QPainterPath outline = Outline();
+    static const std::array<QPainterPath, 4> pierced = {
+        Joined(outline, Hole(KeyMark::None), false), Joined(outline, Hole(KeyMark::Down), false),
+        Joined(outline, Hole(KeyMark::Up), false), Joined(outline, Hole(KeyMark::Square), false)};
+    return look.filled ? pierced.at(static_cast<std::size_t>(look.mark)) : outline;
+}
+
+void PaintPlate(QPainter& painter, const QRectF& bounds, const KeyLook& look) {
+    painter.setPen(QPen(look.colour, 1));
+    painter.setBrush(look.plate);
+    painter.drawRoundedRect(bounds.adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+}
+
 } // namespace
 
-KeyLook LookOfState(int state) {
-    if (state == cellstate::kBlank)
-        return {ColourOf(0), false, false, true};
-    return {ColourOf(state % 10), state / 10 % 2 == 1, state >= cellstate::kNotRecommended, false};
+bool IsDark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
+KeyLook LookOfState(int state, bool onDark) {
+    const Colours& colours = ColoursFor(onDark);
+    KeyLook look;
+    look.colour = colours.relations[0];
+    look.blank = state == cellstate::kBlank;
+    if (look.blank)
+        return look;
+    const int relation = state % 10;
+    look.colour = colours.relations.at(static_cast<std::size_t>(relation));
+    look.filled = state / 10 % 2 == 1;
+    look.notRecommended = state >= cellstate::kNotRecommended;
+    look.mark = MarkOf(relation);
+    if (relation == cellstate::kActive)
+        look.plate = colours.plate;
+    look.line = colours.line;
+    return look;
 }
 
 void PaintKey(QPainter& painter, const QRectF& bounds, const KeyLook& look) {
-    const double scale = std::min(bounds.width() / kWidth, bounds.height() / kHeight);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    if (look.plate.isValid())
+        PaintPlate(painter, bounds, look);
+    const double share = look.plate.isValid() ? 0.9 : 1;
+    const double scale = share * std::min(bounds.width() / kWidth, bounds.height() / kHeight);
     painter.translate(bounds.center());
     painter.scale(scale, scale);
     painter.translate(-kWidth / 2, -kHeight / 2);
     if (look.blank) {
-        QColor faint = look.colour;
-        faint.setAlphaF(0.45F);
-        painter.fillRect(QRectF(3, 3.1, 9, 0.8), faint);
+        painter.fillRect(QRectF(3, 3.2, 9, 0.6), look.colour);
         painter.restore();
         return;
     }
-    static const QPainterPath outline = Outline();
-    static const QPainterPath pierced = [] {
-        QPainterPath hole;
-        hole.addEllipse(QPointF(2.3, 3.5), 0.9, 0.9);
-        return Joined(outline, hole, false);
-    }();
     QPen pen(look.colour, 0.8);
     pen.setJoinStyle(Qt::RoundJoin);
     painter.setPen(pen);
     painter.setBrush(look.filled ? QBrush(look.colour) : QBrush(Qt::NoBrush));
-    painter.drawPath(look.filled ? pierced : outline);
+    // The outline of a filled one would narrow its mark.
+    if (look.filled && look.mark != KeyMark::None)
+        painter.setPen(Qt::NoPen);
+    painter.drawPath(ShapeOf(look));
+    if (!look.filled && look.mark != KeyMark::None)
+        painter.fillPath(MarkPath(look.mark), look.colour);
     if (look.notRecommended) {
-        painter.setPen(QPen(QColor(0x14, 0x6e, 0xff), 1.1));
+        painter.setPen(QPen(look.line, 1.1));
         painter.drawLine(QPointF(0.6, 6.5), QPointF(14.4, 6.5));
     }
     painter.restore();

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -98,8 +99,12 @@ void PlaceWindow(QWidget& window, const QString& place, const std::pair<double, 
               : free.topLeft() + QPoint(static_cast<int>(left.width() * share.first),
                                         static_cast<int>(left.height() * share.second));
     window.resize(size);
-    window.move(std::clamp(corner.x(), free.x(), free.x() + std::max(0, left.width())),
-                std::clamp(corner.y(), free.y(), free.y() + std::max(0, left.height())));
+    const QPoint goal(std::clamp(corner.x(), free.x(), free.x() + std::max(0, left.width())),
+                      std::clamp(corner.y(), free.y(), free.y() + std::max(0, left.height())));
+    window.move(goal);
+    // A window that is being shown has no frame yet that it could count.
+    if (QWindow* handle = window.windowHandle())
+        handle->setFramePosition(goal);
     ForParts(window, [&](const QString& name, auto& part) {
         for (const QString& text : parts.mid(1))
             if (text.startsWith(name + u'='))

@@ -31,7 +31,8 @@ const Rule kRules[] = {
     // A room's logic begins with a capital; these are windows or drawn for them.
     {"logic",
      "(?!engine|platform|store|widgets|app)[a-z]+/"
-     "(?!KeyCell|ListArea|PageGrid|Cylinder|ChartPage|Legend|LogoLabel|PersonFields)[A-Z].*",
+     "(?!KeyCell|ListArea|PageGrid|Cylinder|ChartPage|Legend|LogoLabel|PersonFields|MainMenu|"
+     "StatusLine|\\w+Panel)[A-Z].*",
      kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
     {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};
