@@ -2,7 +2,8 @@
 # question. On any other system it says what is needed and goes on.
 
 packages=(g++ cmake ninja-build qt6-base-dev libsoci-dev libboost-dev libsqlite3-dev
-          mdbtools-dev libglib2.0-dev libgtest-dev libbenchmark-dev fonts-dejavu-core)
+          mdbtools-dev libglib2.0-dev libgtest-dev libbenchmark-dev fonts-dejavu-core
+          qt6-image-formats-plugins)
 
 missing_packages() {
     local package

@@ -225,3 +225,8 @@ CREATE TABLE "CompanyInfo" (
     "KeyPolicy4" TEXT,
     "CompanyLogo" TEXT
 );
+
+CREATE TABLE "NumbersGiven" (
+    "RowKey" INTEGER PRIMARY KEY,
+    "Highest" INTEGER
+);

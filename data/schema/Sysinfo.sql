@@ -9,3 +9,9 @@ CREATE TABLE "SystemInfo" (
     "Networked" INTEGER NOT NULL DEFAULT 0,
     "personel" INTEGER NOT NULL DEFAULT 0
 );
+
+CREATE TABLE "WindowPlace" (
+    "RowKey" INTEGER PRIMARY KEY,
+    "Form" TEXT,
+    "Place" TEXT
+);

@@ -5,10 +5,12 @@
 
 namespace quorrel {
 
-void LogoLabel::ShowLogo(const QString& path) {
+bool LogoLabel::ShowLogo(const QString& path) {
     QPixmap logo;
-    if (IsLogo(path))
+    const bool there = IsLogo(path);
+    if (there)
         logo.load(FindIgnoringCase(path));
+    const bool shown = !there || !logo.isNull();
     if (logo.width() > maximumWidth() || logo.height() > maximumHeight()) {
         const double ratio = devicePixelRatioF();
         logo = logo.scaled(maximumSize() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
@@ -16,6 +18,7 @@ void LogoLabel::ShowLogo(const QString& path) {
     }
     setPixmap(logo);
     setVisible(!logo.isNull() || minimumHeight() > 0);
+    return shown;
 }
 
 } // namespace quorrel

@@ -12,8 +12,9 @@ class LogoLabel : public QLabel {
 public:
     using QLabel::QLabel;
 
-    /// Loads the logo of a path; none when there is no picture at it.
-    void ShowLogo(const QString& path);
+    /// Loads the logo of a path; none when there is no picture at it. False when a file is there
+    /// that cannot be shown: its format is not known on this workstation, or it is broken.
+    bool ShowLogo(const QString& path);
 };
 
 } // namespace quorrel

@@ -37,7 +37,7 @@ bool LogOn(Session& session, const QString& userName, const QString& password) {
     std::optional<ProgramUsersRow> match;
     Recordset<ProgramUsersRow>(session.Keys()).Walk([&](const ProgramUsersRow& row) {
         empty = false;
-        if (row.UserName.compare(userName, Qt::CaseInsensitive) == 0 && row.Password == scrambled)
+        if (IsSameUserName(row.UserName, userName) && row.Password == scrambled)
             match = row;
         return !match;
     });

@@ -14,10 +14,6 @@ UserOutcome Refused(const QString& text) {
     return {UserOutcome::Kind::Refused, text, {}};
 }
 
-bool SameName(const QString& one, const QString& other) {
-    return one.trimmed().compare(other.trimmed(), Qt::CaseInsensitive) == 0;
-}
-
 bool SameAccount(const ProgramUsersRow& one, const ProgramUsersRow& other) {
     return one.ProgramUserID == other.ProgramUserID && one.UserName == other.UserName &&
            one.Password == other.Password && RightsOf(one) == RightsOf(other);
@@ -35,11 +31,11 @@ void GiveRights(ProgramUsersRow& account, const Permissions& rights) {
 
 /// Whether a name cannot be given to an account. `own` is the account's key, 0 for a new one.
 bool IsTaken(Session& session, const QString& name, RowKey own) {
-    if (name.trimmed().isEmpty() || SameName(name, QLatin1String(kNewUserName)))
+    if (name.trimmed().isEmpty() || IsSameUserName(name, QLatin1String(kNewUserName)))
         return true;
     const auto accounts = ListProgramUsers(session);
     return std::any_of(accounts.begin(), accounts.end(), [&](const ProgramUsersRow& account) {
-        return account.key != own && SameName(account.UserName, name);
+        return account.key != own && IsSameUserName(account.UserName, name);
     });
 }
 
@@ -72,7 +68,7 @@ UserOutcome AddUser(Session& session, const ProgramUser& typed, const QString& n
 
 UserOutcome EditUser(Session& session, const ProgramUser& typed, const QString& name,
                      ProgramUsersRow account) {
-    if (!SameName(account.UserName, name) && IsTaken(session, name, account.key))
+    if (!IsSameUserName(account.UserName, name) && IsTaken(session, name, account.key))
         return Refused(QStringLiteral("You Must enter a Unique User Name"));
     if (auto refusal = TakeLogon(account, name, typed.password);
         refusal.kind != UserOutcome::Kind::Done)
@@ -98,6 +94,10 @@ UserOutcome Mismatch() {
 }
 
 } // namespace
+
+bool IsSameUserName(const QString& one, const QString& other) {
+    return one.trimmed().compare(other.trimmed(), Qt::CaseInsensitive) == 0;
+}
 
 std::vector<ProgramUsersRow> ListProgramUsers(Session& session) {
     return Recordset<ProgramUsersRow>(session.Keys()).Rows();
@@ -129,11 +129,8 @@ Permissions RightsOf(const ProgramUsersRow& account) {
 ProgramUser ShownUser(const ProgramUsersRow& account) {
     ProgramUser user;
     user.name = account.UserName;
-    try {
-        user.password = user.confirmation = Unscrambled(account.Password);
-    } catch (const std::range_error&) {
-        // Not stored by this program: whoever opens the account can give it another.
-    }
+    // One that was not stored by this program can be given another.
+    user.password = user.confirmation = Readable(account.Password).value_or(QString());
     user.rights = RightsOf(account);
     return user;
 }
@@ -142,7 +139,7 @@ UserOutcome SaveProgramUser(Session& session, const ProgramUser& typed,
                             const std::optional<ProgramUsersRow>& opened) {
     if (typed.password != typed.confirmation)
         return Mismatch();
-    const QString name = typed.name.left(kUserNameLength);
+    const QString name = typed.name.trimmed().left(kUserNameLength).trimmed();
     Transaction transaction(session.Keys());
     UserOutcome outcome;
     if (opened) {
@@ -155,7 +152,7 @@ UserOutcome SaveProgramUser(Session& session, const ProgramUser& typed,
     if (outcome.kind != UserOutcome::Kind::Done)
         return outcome;
     transaction.Commit();
-    if (opened && session.LoggedUser.compare(opened->UserName, Qt::CaseInsensitive) == 0)
+    if (opened && IsSameUserName(session.LoggedUser, opened->UserName))
         session.LoggedUser = name;
     return {};
 }

@@ -40,6 +40,9 @@ struct UserOutcome {
     std::optional<ProgramUsersRow> present = {};
 };
 
+/// Whether two texts name the same user: neither case nor blanks around a name count.
+bool IsSameUserName(const QString& one, const QString& other);
+
 /// All accounts in table order.
 std::vector<ProgramUsersRow> ListProgramUsers(Session& session);
 
@@ -54,9 +57,9 @@ Permissions RightsOf(const ProgramUsersRow& account);
 /// An account to be shown. A password that cannot be read is left empty.
 ProgramUser ShownUser(const ProgramUsersRow& account);
 
-/// Adds a new user, or with `opened` changes the account that was brought up as such; one that is
-/// no longer as it was then is left alone. When the logged-on user gets another name, the session
-/// takes it.
+/// Adds a new user, under the name without blanks around it, or with `opened` changes the account
+/// that was brought up as such; one that is no longer as it was then is left alone. When the
+/// logged-on user gets another name, the session takes it.
 UserOutcome SaveProgramUser(Session& session, const ProgramUser& typed,
                             const std::optional<ProgramUsersRow>& opened);
 

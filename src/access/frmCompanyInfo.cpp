@@ -2,6 +2,7 @@
 
 #include "access/CompanyInfo.h"
 #include "platform/Recordset.h"
+#include "store/StoredPath.h"
 #include "ui_frmCompanyInfo.h"
 #include "widgets/HelpContexts.h"
 
@@ -10,6 +11,18 @@ namespace quorrel {
 namespace {
 
 constexpr int kPolicyLength = 4 * kPolicyPart;
+
+/// What the boxes cannot show as it is stored, such as a line end in a line, is no change: a text
+/// that is as its box was filled is as it was stored.
+CompanyInfoRow WithUntouched(const CompanyInfoRow& stored, const CompanyInfoRow& filled,
+                             CompanyInfoRow typed) {
+    const auto keep = [&](const auto& column) {
+        if (typed.*column.member == filled.*column.member)
+            typed.*column.member = stored.*column.member;
+    };
+    std::apply([&](const auto&... column) { (keep(column), ...); }, CompanyInfoRow::Columns());
+    return typed;
+}
 
 } // namespace
 
@@ -30,22 +43,36 @@ frmCompanyInfo::frmCompanyInfo(Session& session)
 frmCompanyInfo::~frmCompanyInfo() = default;
 
 void frmCompanyInfo::LoadRow() {
-    ui->txtPicPath->setText(m_session.Company.CompanyLogo);
-    if (m_session.CompanyInfoEmpty)
-        return;
-    const auto row = Recordset<CompanyInfoRow>(m_session.Keys()).First();
-    if (!row)
-        return;
-    ui->txtCompanyName->setText(row->CompanyName);
-    ui->txtCompanyAddress->setPlainText(row->CompanyAddress);
-    ui->txtCompanySlogan->setText(row->CompanySlogan);
-    ui->txtCompanyMemo->setPlainText(row->CompanyMemo);
-    ui->txtKeyPolicy->setPlainText(JoinedPolicy(*row));
-    ui->txtPicPath->setText(row->CompanyLogo);
+    m_shown.reset();
+    if (!m_session.CompanyInfoEmpty)
+        m_shown = Recordset<CompanyInfoRow>(m_session.Keys()).First();
+    const CompanyInfoRow row = m_shown.value_or(CompanyInfoRow{});
+    ui->txtCompanyName->setText(row.CompanyName);
+    ui->txtCompanyAddress->setPlainText(row.CompanyAddress);
+    ui->txtCompanySlogan->setText(row.CompanySlogan);
+    ui->txtCompanyMemo->setPlainText(row.CompanyMemo);
+    ui->txtKeyPolicy->setPlainText(JoinedPolicy(row));
+    ui->txtPicPath->setText(m_shown ? FullPath(m_session.Keys(), row.CompanyLogo)
+                                    : m_session.Company.CompanyLogo);
+    m_filled = Typed();
+}
+
+void frmCompanyInfo::Reload() {
+    // Whoever had none to show, has one to show now.
+    m_session.CompanyInfoEmpty = Recordset<CompanyInfoRow>(m_session.Keys()).Empty();
+    LoadRow();
+    if (m_shown)
+        KeepCompany(m_session, *m_shown);
+}
+
+QString frmCompanyInfo::Unsaved() const {
+    return SameFields(Typed(), m_filled) ? QString() : tr("What you have entered for the company");
 }
 
 void frmCompanyInfo::ShowLogo() {
-    ui->imgLogo->ShowLogo(ui->txtPicPath->text());
+    if (!ui->imgLogo->ShowLogo(ui->txtPicPath->text()))
+        ui->imgLogo->setText(tr("This file cannot be shown as a picture on this workstation. Save "
+                                "the logo as .bmp or .jpg to have it on every one."));
 }
 
 void frmCompanyInfo::ShowPolicyLength() {
@@ -63,7 +90,7 @@ void frmCompanyInfo::Browse() {
         ui->txtPicPath->setText(path);
 }
 
-void frmCompanyInfo::Save() {
+CompanyInfoRow frmCompanyInfo::Typed() const {
     CompanyInfoRow row;
     row.CompanyName = ui->txtCompanyName->text();
     row.CompanyAddress = ui->txtCompanyAddress->toPlainText();
@@ -71,7 +98,12 @@ void frmCompanyInfo::Save() {
     row.CompanyMemo = ui->txtCompanyMemo->toPlainText();
     row.CompanyLogo = ui->txtPicPath->text();
     SplitPolicy(ui->txtKeyPolicy->toPlainText(), row);
-    SaveCompanyInfo(m_session, row);
+    return row;
+}
+
+void frmCompanyInfo::Save() {
+    const CompanyInfoRow shown = m_shown.value_or(CompanyInfoRow{});
+    SaveCompanyInfo(m_session, WithUntouched(shown, m_filled, Typed()), m_shown);
     Leave();
 }
 

@@ -179,7 +179,9 @@ void Program::Start(bool splash) {
 }
 
 void Program::FilesNotFound(QWidget& start, const QString& failure) {
-    m_session.boxes.Message(failure, QStringLiteral("Quorrel"), BoxButtons::Ok, BoxIcon::Warning);
+    if (!failure.isEmpty())
+        m_session.boxes.Message(failure, QStringLiteral("Quorrel"), BoxButtons::Ok,
+                                BoxIcon::Warning);
     // The settings can point at other key files, but they lie in `Sysinfo.qvx` themselves.
     if (!m_session.SysinfoDatabase) {
         End();

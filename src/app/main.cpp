@@ -27,10 +27,12 @@ QString DeliveredFolder() {
 /// The program folder, laid out first when it is a user's own.
 QString PrepareProgramFolder() {
     const QString executable = QCoreApplication::applicationDirPath();
+    const QString delivered = DeliveredFolder();
     const QString folder = ChooseProgramFolder(
-        executable, QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
-    if (folder != executable && !DeliveredFolder().isEmpty())
-        LayOutProgramFolder(DeliveredFolder(), folder);
+        executable, QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation),
+        delivered);
+    if (folder != executable && !delivered.isEmpty())
+        LayOutProgramFolder(delivered, folder);
     return folder;
 }
 

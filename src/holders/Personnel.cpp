@@ -62,7 +62,8 @@ std::optional<PersonnelRecord> FindLast(const Session& session,
                          return true;
                      });
         return last;
-    } catch (const DatabaseError&) {
+    } catch (const DatabaseError& error) {
+        session.log.Note("Looking a person up", error);
         return std::nullopt; // As without a personnel file.
     }
 }

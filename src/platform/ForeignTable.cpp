@@ -1,6 +1,5 @@
 #include "platform/ForeignTable.h"
 
-#include "platform/Database.h"
 #include "platform/JetFile.h"
 #include "platform/Query.h"
 
@@ -41,12 +40,15 @@ private:
 
 class SqliteTable : public ForeignTable {
 public:
-    SqliteTable(const QString& path, const QString& table) : ForeignTable(path, table) {}
+    SqliteTable(const QString& path, const QString& table, qint64 mostSteps)
+        : ForeignTable(path, table), m_mostSteps(mostSteps) {}
 
-    QStringList Columns() const override { return ColumnsOf(*Database::OpenForeign(m_path)); }
+    QStringList Columns() const override {
+        return ColumnsOf(*Database::OpenForeign(m_path, m_mostSteps));
+    }
 
     void Walk(const QStringList& columns, const Visit& visit) const override {
-        const auto database = Database::OpenForeign(m_path);
+        const auto database = Database::OpenForeign(m_path, m_mostSteps);
         const QStringList known = ColumnsOf(*database);
         std::string texts;
         for (const QString& column : columns)
@@ -74,9 +76,12 @@ private:
                                 QStringLiteral("It has no table %1.").arg(m_table));
         return columns;
     }
+
+    qint64 m_mostSteps;
 };
 
-std::unique_ptr<ForeignTable> TableOfItsKind(const QString& path, const QString& table) {
+std::unique_ptr<ForeignTable> TableOfItsKind(const QString& path, const QString& table,
+                                             qint64 mostSteps) {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         throw DatabaseError(DatabaseError::Kind::Missing, path);
@@ -84,15 +89,16 @@ std::unique_ptr<ForeignTable> TableOfItsKind(const QString& path, const QString&
     if (IsJetFile(head))
         return OpenJetTable(path, table);
     if (head.startsWith("SQLite format 3"))
-        return std::make_unique<SqliteTable>(path, table);
+        return std::make_unique<SqliteTable>(path, table, mostSteps);
     throw DatabaseError(DatabaseError::Kind::Other, path,
                         QStringLiteral("It is neither an Access nor an SQLite database."));
 }
 
 } // namespace
 
-std::unique_ptr<ForeignTable> ForeignTable::Open(const QString& path, const QString& table) {
-    auto opened = TableOfItsKind(path, table);
+std::unique_ptr<ForeignTable> ForeignTable::Open(const QString& path, const QString& table,
+                                                 qint64 mostSteps) {
+    auto opened = TableOfItsKind(path, table, mostSteps);
     const QStringList columns = opened->Columns();
     opened->Walk(columns, [&](const ForeignRow& row) {
         for (qsizetype column = 0; column < columns.size(); ++column)

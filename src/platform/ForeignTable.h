@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Database.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -27,8 +29,11 @@ public:
     using Visit = std::function<bool(const ForeignRow&)>;
 
     /// A table of an Access or an SQLite file, told apart by what the file holds. The names of
-    /// table and columns are found without regard to case. Makes sure that a row can be read.
-    static std::unique_ptr<ForeignTable> Open(const QString& path, const QString& table);
+    /// table and columns are found without regard to case. Makes sure that a row can be read. A
+    /// walk through an SQLite file fails after `mostSteps`, see `Database::kForeignSteps`: a view
+    /// may have no end.
+    static std::unique_ptr<ForeignTable> Open(const QString& path, const QString& table,
+                                              qint64 mostSteps = Database::kForeignSteps);
 
     virtual ~ForeignTable() = default;
     ForeignTable(const ForeignTable&) = delete;

@@ -3,6 +3,7 @@
 #include "platform/Database.h"
 #include "platform/Query.h"
 
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,12 +55,17 @@ public:
 
     bool Empty() const { return !First(); }
 
-    qint64 Count() const { return Aggregate("COUNT(*)"); }
+    qint64 Count() const { return m_database.Number("SELECT COUNT(*)" + From(), m_query.Values()); }
 
-    /// Largest value of a whole-number column; 0 when there are no rows.
+    /// Largest value of a whole-number column; 0 when there are no rows. What another program has
+    /// left there and no field of the type can hold, a text or too large a number, does not count.
     template <class Type>
     qint64 Largest(Type Whole::*column) const {
-        return Aggregate("MAX(" + QueryText::Quoted(ColumnName(column)) + ")");
+        auto held = m_query;
+        held.WhereBelow(column, std::numeric_limits<Type>::max());
+        return m_database.Number("SELECT MAX(" + QueryText::Quoted(ColumnName(column)) + ")" +
+                                     From(held),
+                                 held.Values());
     }
 
     /// The different texts of a column, in no order.
@@ -150,8 +156,10 @@ public:
     }
 
 private:
-    std::string From() const {
-        return " FROM " + QueryText::Quoted(TableName<Row>()) + m_query.Selection();
+    std::string From() const { return From(m_query); }
+
+    static std::string From(const QueryText& query) {
+        return " FROM " + QueryText::Quoted(TableName<Row>()) + query.Selection();
     }
 
     std::string SelectText() const {
@@ -167,10 +175,6 @@ private:
             changes += (changes.empty() ? "" : ", ") + QueryText::Quoted(name) + " = :" + name;
         return "UPDATE " + QueryText::Quoted(TableName<Row>()) + " SET " + changes + " WHERE " +
                QueryText::Quoted(kRowKey) + " = :RowKey";
-    }
-
-    qint64 Aggregate(const std::string& expression) const {
-        return m_database.Number("SELECT " + expression + From(), m_query.Values());
     }
 
     Database& m_database;

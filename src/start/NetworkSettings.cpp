@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "platform/Recordset.h"
 #include "store/DatabaseFiles.h"
+#include "store/StoredPath.h"
 
 #include <QDir>
 
@@ -17,21 +18,38 @@ Database& Sysinfo(Session& session) {
     return *session.SysinfoDatabase;
 }
 
-/// Both rows, the second one mended where it must be. Within the caller's transaction.
+/// Adds or updates a row whose paths are full ones. Gives a new row its key.
+void StoreRow(Session& session, SystemInfoRow& row) {
+    Database& database = Sysinfo(session);
+    SystemInfoRow stored = row;
+    for (QString* path : {&stored.NetworkPath, &stored.PersonelFile})
+        *path = StoredPath(session, database, *path);
+    if (row.key == 0)
+        Recordset<SystemInfoRow>::Add(database, stored);
+    else
+        Recordset<SystemInfoRow>::Update(database, stored);
+    row.key = stored.key;
+}
+
+/// Both rows with their paths in full, the second one mended where it must be. Within the caller's
+/// transaction.
 std::vector<SystemInfoRow> MendedRows(Session& session) {
     Database& database = Sysinfo(session);
     auto rows = Recordset<SystemInfoRow>(database).Rows();
+    for (SystemInfoRow& row : rows)
+        for (QString* path : {&row.NetworkPath, &row.PersonelFile})
+            *path = FullPath(database, *path);
     const QString folder = QDir::toNativeSeparators(session.ProgramFolder);
     while (rows.size() < 2) {
         SystemInfoRow row;
         row.NetworkPath = rows.empty() ? LocalKeySystemPath(session) : folder;
-        Recordset<SystemInfoRow>::Add(database, row);
+        StoreRow(session, row);
         rows.push_back(row);
     }
     SystemInfoRow& maps = rows.back();
     if (maps.NetworkPath == rows.front().NetworkPath) {
         maps.NetworkPath = folder;
-        Recordset<SystemInfoRow>::Update(database, maps);
+        StoreRow(session, maps);
     }
     return rows;
 }
@@ -66,7 +84,7 @@ void SaveNetworkSettings(Session& session, const NetworkSettings& settings) {
     rows[0].PersonelTable = settings.personnelTable;
     rows[1].NetworkPath = settings.mapFolder;
     for (SystemInfoRow* row : {&rows[0], &rows[1]})
-        Recordset<SystemInfoRow>::Update(*session.SysinfoDatabase, *row);
+        StoreRow(session, *row);
     transaction.Commit();
 }
 

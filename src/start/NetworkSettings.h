@@ -13,6 +13,8 @@ struct NetworkSettings {
     QString mapFolder;
     bool personnel = false;
     QString personnelFile, personnelTable;
+
+    bool operator==(const NetworkSettings&) const = default;
 };
 
 /// The key system file of an install without network path.

@@ -42,6 +42,7 @@ void frmNetwork::ShowSettings(const NetworkSettings& settings) {
     (settings.networked ? ui->optNetwork : ui->optLocal)->setChecked(true);
     (settings.personnel ? ui->optNetworkPer : ui->optLocalPer)->setChecked(true);
     ApplyOptions();
+    m_saved = Typed();
 }
 
 void frmNetwork::ApplyOptions() {
@@ -53,6 +54,22 @@ void frmNetwork::ApplyOptions() {
     ui->lblNetPath->setEnabled(!local);
     ui->txtPersonelFile->setEnabled(!ui->optLocalPer->isChecked());
     ui->lblPersonelFile->setEnabled(!ui->optLocalPer->isChecked());
+    ui->lblNoMaps->setVisible(local);
+}
+
+NetworkSettings frmNetwork::Typed() const {
+    NetworkSettings settings;
+    settings.networked = ui->optNetwork->isChecked();
+    settings.networkPath = ui->txtNetPath->text();
+    settings.mapFolder = ui->txtMapPath->text();
+    settings.personnel = ui->optNetworkPer->isChecked();
+    settings.personnelFile = ui->txtPersonelFile->text();
+    settings.personnelTable = ui->txtTable->text();
+    return settings;
+}
+
+QString frmNetwork::Unsaved() const {
+    return Typed() == m_saved ? QString() : tr("What you have entered here");
 }
 
 void frmNetwork::Browse(QLineEdit* field, const QString& title, const QString& filter) {
@@ -62,13 +79,7 @@ void frmNetwork::Browse(QLineEdit* field, const QString& title, const QString& f
 }
 
 void frmNetwork::Save() {
-    NetworkSettings settings;
-    settings.networked = ui->optNetwork->isChecked();
-    settings.networkPath = ui->txtNetPath->text();
-    settings.mapFolder = ui->txtMapPath->text();
-    settings.personnel = ui->optNetworkPer->isChecked();
-    settings.personnelFile = ui->txtPersonelFile->text();
-    settings.personnelTable = ui->txtTable->text();
+    const NetworkSettings settings = Typed();
     const QStringList missing = MissingPaths(settings);
     if (!missing.isEmpty() &&
         !m_session.boxes.Confirms(tr("These paths cannot be found now:\n\n%1\n\nSave them all the "
@@ -77,6 +88,7 @@ void frmNetwork::Save() {
                                   windowTitle()))
         return;
     SaveNetworkSettings(m_session, settings);
+    m_saved = settings;
     m_session.boxes.Message(tr("The settings are saved. They take effect at the next start."),
                             windowTitle(), BoxButtons::Ok, BoxIcon::Information);
 }

@@ -28,13 +28,18 @@ signals:
     /// The folder picker is wanted; this form hides until it is done.
     void MapFolderWanted();
 
+protected:
+    QString Unsaved() const override;
+
 private:
+    NetworkSettings Typed() const;
     void ShowSettings(const NetworkSettings& settings);
     void ApplyOptions();
     void Browse(QLineEdit* field, const QString& title, const QString& filter);
     void Save();
 
     std::unique_ptr<Ui::frmNetwork> ui;
+    NetworkSettings m_saved; ///< as the boxes show what is stored
 };
 
 } // namespace quorrel

@@ -32,7 +32,7 @@ frmStart::~frmStart() = default;
 void frmStart::Begin(bool splash) {
     Guarded([&] {
         QString failure;
-        if (!LoadStartupFiles(m_session, failure)) {
+        if (!LoadStartupFilesWhenFree(m_session, failure)) {
             emit FilesNotFound(failure);
             return;
         }
@@ -50,13 +50,10 @@ void frmStart::EndSplash() {
     if (std::exchange(m_ended, true))
         return;
     m_splash.stop();
-    try {
-        LoadCompany(m_session);
-    } catch (const DatabaseError& error) {
-        emit FilesNotFound(QString::fromUtf8(error.what()));
-        return;
-    }
-    if (m_session.FirstRun)
+    QString failure;
+    if (!LoadCompanyWhenFree(m_session, failure))
+        emit FilesNotFound(failure);
+    else if (m_session.FirstRun)
         emit FirstRunFound();
     else
         emit LogonWanted();

@@ -24,7 +24,7 @@ public:
     void Begin(bool splash);
 
 signals:
-    /// The files cannot be used; the text says why.
+    /// The files cannot be used; the text says why, unless the user knows.
     void FilesNotFound(const QString& failure);
     /// No company is recorded yet.
     void FirstRunFound();

@@ -11,10 +11,24 @@ inline constexpr const char* kKeySystemFile = "KeySystem.qv2";
 inline constexpr const char* kMapFile = "MapSystem.vlx";
 inline constexpr const char* kHelpFile = "Quorrel.hlp";
 
-/// Application ids "QrSi", "QrKs" and "QrMp", and the schema that this program reads and writes.
-inline constexpr FileKind kSysinfoKind{0x51725369, 1};
-inline constexpr FileKind kKeySystemKind{0x51724B73, 1};
-inline constexpr FileKind kMapKind{0x51724D70, 1};
+/// What brings files of earlier revisions up to date, as `FileKind` says. The schemas of new files
+/// in `data/schema` are those of the latest revision.
+inline constexpr const char* kSysinfoSteps[] = {
+    R"(CREATE TABLE "WindowPlace" ("RowKey" INTEGER PRIMARY KEY, "Form" TEXT, "Place" TEXT))"};
+inline constexpr const char* kKeySystemSteps[] = {
+    // Some files of the first revision have the first two indexes, or the last two as they are now.
+    R"(CREATE INDEX IF NOT EXISTS "DoorsBySystem" ON "Doors" ("SystemNumber");
+       CREATE INDEX IF NOT EXISTS "DoorsByHardware" ON "Doors" ("SystemNumber", "Text1");
+       DROP INDEX IF EXISTS "ReturnKeyBySystem";
+       CREATE INDEX "ReturnKeyBySystem" ON "ReturnKey" ("SystemNumber");
+       DROP INDEX IF EXISTS "LostKeysBySystem";
+       CREATE INDEX "LostKeysBySystem" ON "LostKeys" ("SystemNumber");
+       CREATE TABLE "NumbersGiven" ("RowKey" INTEGER PRIMARY KEY, "Highest" INTEGER))"};
+
+/// Application ids "QrSi", "QrKs" and "QrMp".
+inline constexpr FileKind kSysinfoKind{0x51725369, kSysinfoSteps};
+inline constexpr FileKind kKeySystemKind{0x51724B73, kKeySystemSteps};
+inline constexpr FileKind kMapKind{0x51724D70};
 
 /// Makes the three empty files in `folder` from the schemas in `schemaFolder`, with the default
 /// account and a generic brand, which no system uses unless it is chosen. Existing files are

@@ -1,13 +1,52 @@
 #include "store/OpenSystem.h"
 
 #include "engine/PageGeometry.h"
+#include "engine/SystemDefinition.h"
 #include "platform/Recordset.h"
 #include "store/Scramble.h"
 #include "store/SystemTables.h"
 
+#include <algorithm>
+
 namespace quorrel {
 
 namespace {
+
+bool HasPossiblePins(const OpenSystem& system) {
+    return system.PinCount >= kFewestPins && system.PinCount <= kMostPins;
+}
+
+void AddFlaw(OpenSystem& system, const QString& text) {
+    system.flaws += (system.flaws.isEmpty() ? QString() : QStringLiteral("\n\n")) + text;
+}
+
+/// As many pages as a system of these pins can have, whatever its range of cuts.
+int MostPages(int pins) {
+    int pages = 1;
+    for (int place = kFewestPins; place <= std::min(pins, kMostPins); ++place)
+        pages = std::min(pages * 10, kMaxPages);
+    return pages;
+}
+
+void ReadPages(Database& keys, int systemNumber, OpenSystem& system) {
+    const auto ofSystem = [&] {
+        return Query<PatternsRow>().Where(&PatternsRow::SystemNumber, systemNumber);
+    };
+    const int most = MostPages(system.PinCount);
+    const Recordset<PatternsRow> within(keys,
+                                        ofSystem().WhereBelow(&PatternsRow::PageNumber, most + 1));
+    system.MaxPage =
+        static_cast<int>(std::max<qint64>(within.Largest(&PatternsRow::PageNumber), 0));
+    const qint64 beyond =
+        Recordset<PatternsRow>(keys, ofSystem().WhereAtLeast(&PatternsRow::PageNumber, most + 1))
+            .Count();
+    if (beyond > 0)
+        AddFlaw(system, QStringLiteral("%1 of its keys are stored for pages beyond %2, which %3 "
+                                       "pins cannot have. These keys are not shown.")
+                            .arg(beyond)
+                            .arg(most)
+                            .arg(system.PinCount));
+}
 
 /// The type of a system is told by nothing but a row at one of two positions.
 void ReadType(Database& keys, int systemNumber, OpenSystem& system) {
@@ -21,8 +60,14 @@ void ReadType(Database& keys, int systemNumber, OpenSystem& system) {
         return;
     system.SystemIsAngled = special->Position == kAnglePosition;
     system.SystemIsIC = special->Position == kControlPosition;
-    if (system.SystemIsAngled || system.SystemIsIC)
-        system.SpecialCuts = Unscrambled(special->Cuts).left(system.PinCount).toStdString();
+    if (!system.SystemIsAngled && !system.SystemIsIC)
+        return;
+    if (const auto cuts = CutsOf(special->Cuts, system.PinCount))
+        system.SpecialCuts = cuts->substr(0, static_cast<std::size_t>(system.PinCount));
+    else
+        AddFlaw(system, QStringLiteral("Its %1 cannot be read.")
+                            .arg(system.SystemIsIC ? QStringLiteral("control key")
+                                                   : QStringLiteral("angles")));
 }
 
 } // namespace
@@ -40,14 +85,29 @@ OpenSystem ReadOpenSystem(Database& keys, int systemNumber) {
         system.safetyFactor = row->SafetyFactor;
         system.PinCount = row->NumberOfPins;
         system.increment = row->PinIncrement;
-        system.MasterKeyCuts = Unscrambled(row->MasterKey).toStdString();
+        system.MasterKeyCuts = Readable(row->MasterKey).value_or(QString()).toStdString();
+        if (row->SystemName.trimmed().isEmpty())
+            AddFlaw(system, QStringLiteral("It has no name."));
     }
-    ReadType(keys, systemNumber, system);
-    system.MaxPage = static_cast<int>(
-        Recordset<PatternsRow>(keys,
-                               Query<PatternsRow>().Where(&PatternsRow::SystemNumber, systemNumber))
-            .Largest(&PatternsRow::PageNumber));
+    if (HasPossiblePins(system))
+        ReadType(keys, systemNumber, system);
+    ReadPages(keys, systemNumber, system);
     return system;
+}
+
+void RequireUsable(const OpenSystem& system) {
+    QString flaw;
+    if (!HasPossiblePins(system))
+        flaw = QStringLiteral("it is stored with %1 pins, and only %2 to %3 are possible")
+                   .arg(system.PinCount)
+                   .arg(kFewestPins)
+                   .arg(kMostPins);
+    else if (!IsDigits(system.MasterKeyCuts, system.PinCount))
+        flaw = QStringLiteral("its master key cannot be read as %1 cuts").arg(system.PinCount);
+    if (!flaw.isEmpty())
+        throw BrokenSystem(QStringLiteral("The key system \"%1\" cannot be opened: %2. It was left "
+                                          "as it is. Bring back a good backup of the file.")
+                               .arg(system.name, flaw));
 }
 
 } // namespace quorrel

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <stdexcept>
 #include <string>
 
 namespace quorrel {
@@ -18,11 +19,23 @@ struct OpenSystem {
     std::string SpecialCuts;   ///< the angles or the control key, N digits; else empty
     bool SystemIsAngled = false;
     bool SystemIsIC = false;
-    int MaxPage = 0;
+    int MaxPage = 0; ///< no more than its pins can give
+    QString flaws;   ///< what is broken in the file and hinders no work, in plain words; else empty
+};
+
+/// A key system that the file holds, but not in a way that it can be worked on. The message says in
+/// plain words what is wrong.
+class BrokenSystem : public std::runtime_error {
+public:
+    explicit BrokenSystem(const QString& text) : std::runtime_error(text.toStdString()) {}
 };
 
 /// Reads the definition of a system, its type and its number of pages. A part of which the file
-/// has no row stays as it is in a new `OpenSystem`. Throws `DatabaseError`.
+/// has no row, or one that cannot be read, stays as it is in a new `OpenSystem`. Throws
+/// `DatabaseError`.
 OpenSystem ReadOpenSystem(Database& keys, int systemNumber);
+
+/// Throws `BrokenSystem` for a system whose pins or master key cannot be.
+void RequireUsable(const OpenSystem& system);
 
 } // namespace quorrel

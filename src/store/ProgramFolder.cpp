@@ -34,23 +34,37 @@ void PutInPlace(const QString& aside) {
         QFile::remove(aside);
 }
 
+bool IsDatabaseFile(const QString& name) {
+    return name == QLatin1String(kKeySystemFile) || name == QLatin1String(kMapFile);
+}
+
+/// Both paths lead to the folder itself, wherever it is moved or copied to.
 void WritePaths(const QString& sysinfo, const QString& folder) {
     const auto database = Database::Open(sysinfo, kSysinfoKind);
     Transaction transaction(*database);
     SystemInfoRow row;
     row.Networked = true;
-    row.NetworkPath = PathIn(folder, QLatin1String(kKeySystemFile));
+    row.NetworkPath =
+        QStringLiteral("./") + FileNameAt(PathIn(folder, QLatin1String(kKeySystemFile)));
     Recordset<SystemInfoRow>::Add(*database, row);
-    row.NetworkPath = QDir::toNativeSeparators(folder);
+    row.NetworkPath = QStringLiteral("./");
     Recordset<SystemInfoRow>::Add(*database, row);
     transaction.Commit();
 }
 
 } // namespace
 
-QString ChooseProgramFolder(const QString& executableFolder, const QString& userDataFolder) {
-    const QString portable = QDir(executableFolder).filePath(QLatin1String(kSysinfoFile));
-    return FindIgnoringCase(portable).isEmpty() ? userDataFolder : executableFolder;
+QString ChooseProgramFolder(const QString& executableFolder, const QString& userDataFolder,
+                            const QString& deliveredFolder) {
+    const auto isThere = [](const QString& folder, const char* name) {
+        return !FindIgnoringCase(QDir(folder).filePath(QLatin1String(name))).isEmpty();
+    };
+    for (const char* name : {kSysinfoFile, kKeySystemFile, kMapFile})
+        if (isThere(executableFolder, name))
+            return executableFolder;
+    // Without delivered files there is nothing that a user's folder could be made of.
+    return deliveredFolder.isEmpty() && !isThere(userDataFolder, kSysinfoFile) ? executableFolder
+                                                                               : userDataFolder;
 }
 
 void LayOutProgramFolder(const QString& deliveredFolder, const QString& folder) {
@@ -59,12 +73,14 @@ void LayOutProgramFolder(const QString& deliveredFolder, const QString& folder) 
     const auto isThere = [&](const QString& name) {
         return !FindIgnoringCase(QDir(absolute).filePath(name)).isEmpty();
     };
-    // `Sysinfo.qvx` comes last: where it lies, the folder is complete.
-    for (const QString& name : QDir(deliveredFolder).entryList(QDir::Files))
-        if (name != QLatin1String(kSysinfoFile) && !isThere(name))
-            PutInPlace(CopyAside(deliveredFolder, absolute, name));
     const QString sysinfo = QLatin1String(kSysinfoFile);
-    if (isThere(sysinfo))
+    const bool inUse = isThere(sysinfo);
+    // `Sysinfo.qvx` comes last: where it lies, the folder is complete. A database file that is
+    // missing there is somewhere else; an empty one in its place would look like total loss.
+    for (const QString& name : QDir(deliveredFolder).entryList(QDir::Files))
+        if (name != sysinfo && !isThere(name) && !(inUse && IsDatabaseFile(name)))
+            PutInPlace(CopyAside(deliveredFolder, absolute, name));
+    if (inUse)
         return;
     const QString aside = CopyAside(deliveredFolder, absolute, sysinfo);
     WritePaths(aside, absolute);

@@ -83,4 +83,17 @@ struct CompanyInfoRow {
     }
 };
 
+/// Where and how large a window was when it was left, on this workstation.
+struct WindowPlaceRow {
+    using Self = WindowPlaceRow;
+    RowKey key = 0;
+    QString Form;
+    QString Place; ///< one line of text, as the windows make it
+
+    static constexpr const char* kTable = "WindowPlace";
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(Form), QUORREL_COLUMN(Place)};
+    }
+};
+
 } // namespace quorrel

@@ -19,6 +19,9 @@ void UnscrambleText(QString& text);
 QString Scrambled(QString text);
 QString Unscrambled(QString text);
 
+/// A stored text as it reads; nothing for one that no `ScrambleText` has made.
+std::optional<QString> Readable(const QString& stored);
+
 /// The cuts and the mark of a key out of its stored text, `pins` + 1 characters; nothing when that
 /// holds no such cuts.
 std::optional<std::string> CutsOf(const QString& stored, int pins);

@@ -4,10 +4,12 @@
 #include "platform/Clock.h"
 #include "platform/Database.h"
 #include "platform/ForeignTable.h"
+#include "platform/LogFile.h"
 #include "store/DoorTables.h"
 #include "store/OpenSystem.h"
 #include "store/ProgramTables.h"
 
+#include <QDir>
 #include <QString>
 
 #include <map>
@@ -44,13 +46,15 @@ struct DoorInHand {
 struct Session {
     Session(const QString& programFolder, Boxes& useBoxes, Clock useClock, Random useRandom)
         : ProgramFolder(programFolder), boxes(useBoxes), clock(std::move(useClock)),
-          random(std::move(useRandom)) {}
+          random(std::move(useRandom)),
+          log(QDir(programFolder).filePath(QStringLiteral("Quorrel.log"))) {}
 
     // The world outside.
     QString ProgramFolder;
     Boxes& boxes;
     Clock clock;
     Random random;
+    LogFile log;                              ///< of failures that nobody is told of
     int BusyTimeout = Database::kBusyTimeout; ///< milliseconds
 
     // Databases, open from start to end; the maps while a system is open.

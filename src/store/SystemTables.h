@@ -43,6 +43,16 @@ struct KeySystemRow {
     }
 };
 
+/// The highest `SystemID` that was ever given in the file, one row: no number is given twice.
+struct NumbersGivenRow {
+    using Self = NumbersGivenRow;
+    RowKey key = 0;
+    int Highest = 0;
+
+    static constexpr const char* kTable = "NumbersGiven";
+    static constexpr auto Columns() { return std::tuple{QUORREL_COLUMN(Highest)}; }
+};
+
 /// One key of a system.
 struct PatternsRow {
     using Self = PatternsRow;

@@ -3,12 +3,16 @@
 #include "platform/Files.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "store/DatabaseFiles.h"
-#include "store/DoorTables.h"
-#include "store/HolderTables.h"
+#include "store/RowsOfSystems.h"
+#include "store/StoredPath.h"
+#include "systems/SystemNumbers.h"
 
 #include <QDir>
 #include <QLocale>
+
+#include <algorithm>
 
 namespace quorrel {
 
@@ -16,7 +20,7 @@ namespace {
 
 /// Where a system's maps are: a path, or a folder to which the file's name is added.
 QString MapPathOf(const Session& session, const KeySystemRow& system) {
-    QString path = RightTrimmed(system.MapFile);
+    QString path = FullPath(*session.KeySystemDatabase, RightTrimmed(system.MapFile));
     if (path.isEmpty())
         path = session.MapDatabasePath;
     if (path.isEmpty())
@@ -32,9 +36,9 @@ Recordset<Row> RowsOf(Session& session, int systemID) {
     return Recordset<Row>(session.Keys(), Query<Row>().Where(&Row::SystemNumber, systemID));
 }
 
-template <class... Rows>
-void DeleteRowsOf(Session& session, int systemID) {
-    (RowsOf<Rows>(session, systemID).DeleteAll(), ...);
+/// How a system is called when it is spoken of.
+QString SubjectOf(const KeySystemRow& system) {
+    return QStringLiteral("The key system \"%1\"").arg(system.SystemName);
 }
 
 } // namespace
@@ -43,29 +47,40 @@ std::vector<KeySystemRow> ListKeySystems(Session& session) {
     return Recordset<KeySystemRow>(session.Keys()).Rows();
 }
 
-bool OpenSelectedSystem(Session& session, const QString& systemName) {
+void OpenSelectedSystem(Session& session, const KeySystemRow& shown) {
+    // Of several with one name the first counts, whichever was chosen.
+    const auto systems = ListKeySystems(session);
     const auto system =
-        Recordset<KeySystemRow>(session.Keys(),
-                                Query<KeySystemRow>().Where(&KeySystemRow::SystemName, systemName))
-            .First();
-    if (system)
-        OpenKeySystem(session, *system);
-    return system.has_value();
+        std::find_if(systems.begin(), systems.end(), [&](const KeySystemRow& stored) {
+            return stored.SystemName == shown.SystemName;
+        });
+    if (system == systems.end())
+        throw ChangedElsewhere::Deleted(SubjectOf(shown));
+    OpenKeySystem(session, *system);
 }
 
 void OpenKeySystem(Session& session, const KeySystemRow& system) {
+    const OpenSystem opened = ReadOpenSystem(session.Keys(), system.SystemID);
+    if (opened.name != system.SystemName)
+        throw ChangedElsewhere::Deleted(SubjectOf(system));
+    RequireUsable(opened);
     session.ActiveSystemNumber = system.SystemID;
     session.MapFilingNumber = system.MapFileID == 0 ? system.SystemID : system.MapFileID;
     session.CurrentPage = 1;
-    session.System = ReadOpenSystem(session.Keys(), system.SystemID);
+    session.System = opened;
     session.MapDatabase = OpenMaps(session, system);
 }
 
 std::unique_ptr<Database> OpenMaps(const Session& session, const KeySystemRow& system) {
     try {
-        return Database::Open(MapPathOf(session, system), kMapKind, session.BusyTimeout);
-    } catch (const DatabaseError&) {
-        return nullptr; // The forms that need maps say so.
+        auto maps = Database::Open(MapPathOf(session, system), kMapKind, session.BusyTimeout);
+        maps->NoteIn(session.log);
+        return maps;
+    } catch (const DatabaseError& error) {
+        // The forms that need maps say so. Many sites have none.
+        if (error.kind() != DatabaseError::Kind::Missing)
+            session.log.Note("Opening the maps", error);
+        return nullptr;
     }
 }
 
@@ -93,14 +108,16 @@ SystemContents ContentsOf(Session& session, int systemID) {
     return contents;
 }
 
-void DeleteKeySystem(Session& session, int systemID) {
+void DeleteKeySystem(Session& session, const KeySystemRow& shown) {
     Transaction transaction(session.Keys());
-    DeleteRowsOf<PatternsRow, AllKeysRow, DoorsRow, DepartmentRow, KeyUsersRow, KeyUnitRow,
-                 UsertoUnitRow, ReturnKeyRow, LostKeysRow, CrossKeyedRow, ActivityRow>(session,
-                                                                                       systemID);
-    Recordset<KeySystemRow>(session.Keys(),
-                            Query<KeySystemRow>().Where(&KeySystemRow::SystemID, systemID))
-        .DeleteAll();
+    const auto stored = StoredRow<KeySystemRow>(session.Keys(), shown.key, SubjectOf(shown));
+    if (stored.SystemID != shown.SystemID || stored.SystemName != shown.SystemName)
+        throw ChangedElsewhere::Deleted(SubjectOf(shown));
+    ForTablesOfSystems([&](const auto& row) {
+        RowsOf<std::decay_t<decltype(row)>>(session, shown.SystemID).DeleteAll();
+    });
+    Recordset<KeySystemRow>(session.Keys(), Query<KeySystemRow>().WhereKey(shown.key)).DeleteAll();
+    RetireSystemNumber(session, shown.SystemID);
     transaction.Commit();
 }
 

@@ -10,11 +10,12 @@ namespace quorrel {
 /// The key systems of the open file, in table order.
 std::vector<KeySystemRow> ListKeySystems(Session& session);
 
-/// Opens the first system of a name: sets the session's system and map numbers, page 1, and opens
-/// the map database, passing over a failure of that. False when no system has the name.
-bool OpenSelectedSystem(Session& session, const QString& systemName);
+/// Opens the first system that has the name of a listed one. Throws `ChangedElsewhere` when none
+/// has it any more, and `BrokenSystem` when it cannot be worked on; another one stays open then.
+void OpenSelectedSystem(Session& session, const KeySystemRow& shown);
 
-/// Makes a system the session's open one, as `OpenSelectedSystem` does.
+/// Makes a system the session's open one: sets its definition and its map numbers and page 1, and
+/// opens its map file, passing over a failure of that. Throws as `OpenSelectedSystem` does.
 void OpenKeySystem(Session& session, const KeySystemRow& system);
 
 /// Opens the map file of a system: the system's own, else the session's. Null when it cannot be.
@@ -30,8 +31,9 @@ struct SystemContents {
 
 SystemContents ContentsOf(Session& session, int systemID);
 
-/// Deletes a system and every row of it in the key system file, in one transaction. Its maps stay
-/// in the map file.
-void DeleteKeySystem(Session& session, int systemID);
+/// Deletes a listed system and every row of it in the key system file, in one transaction. Its maps
+/// stay in the map file, and its number is never given again. Throws `ChangedElsewhere` when the
+/// file does not hold that system any more, under that number and name.
+void DeleteKeySystem(Session& session, const KeySystemRow& shown);
 
 } // namespace quorrel

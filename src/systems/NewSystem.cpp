@@ -3,9 +3,9 @@
 #include "engine/Patterns.h"
 #include "engine/Preview.h"
 #include "platform/Recordset.h"
-#include "store/DoorTables.h"
 #include "store/Scramble.h"
 #include "systems/KeySystems.h"
+#include "systems/SystemNumbers.h"
 
 #include <algorithm>
 
@@ -89,22 +89,9 @@ std::optional<Refusal> CheckPages(const SystemDefinition& definition) {
                                   "range of pin sizes or take a smaller increment.")};
 }
 
-/// A number that no system has, and none that is gone but has left maps behind.
-int FreeSystemID(Session& session) {
-    qint64 highest = Recordset<KeySystemRow>(session.Keys()).Largest(&KeySystemRow::SystemID);
-    if (const auto maps = OpenMaps(session, {})) {
-        try {
-            highest = std::max(highest, Recordset<MapRow>(*maps).Largest(&MapRow::SystemNumber));
-        } catch (const DatabaseError&) {
-            // Maps that cannot be read now do not hinder a new system.
-        }
-    }
-    return static_cast<int>(highest) + 1;
-}
-
-KeySystemRow AddSystemRow(Session& session, const NewSystem& system) {
+KeySystemRow AddSystemRow(Session& session, const NewSystem& system, int systemID) {
     KeySystemRow row;
-    row.SystemID = FreeSystemID(session);
+    row.SystemID = systemID;
     row.SystemName = system.name.trimmed();
     row.Address = system.address;
     row.LockBrand = system.lockBrand;
@@ -156,10 +143,11 @@ std::optional<Refusal> CheckNewSystem(Session& session, const NewSystem& system)
 }
 
 KeySystemRow CreateKeySystem(Session& session, const NewSystem& system) {
+    const int highestOfMaps = HighestNumberOfMaps(session);
     Transaction transaction(session.Keys());
     if (IsTaken(session, system.name))
         throw NameTakenError(NameTaken(system.name.trimmed()).toStdString());
-    KeySystemRow row = AddSystemRow(session, system);
+    KeySystemRow row = AddSystemRow(session, system, TakeSystemNumber(session, highestOfMaps));
     AddPatterns(session, system, row.SystemID);
     transaction.Commit();
     return row;

@@ -1,5 +1,6 @@
 #include "systems/frmOpenFile.h"
 
+#include "platform/Text.h"
 #include "systems/KeySystems.h"
 #include "ui_frmOpenFile.h"
 #include "widgets/HelpContexts.h"
@@ -7,6 +8,17 @@
 #include <QShortcut>
 
 namespace quorrel {
+
+namespace {
+
+constexpr int kLongestName = 255;
+
+QString ShownName(const KeySystemRow& system) {
+    const QString name = OneLine(system.SystemName.left(kLongestName));
+    return name.trimmed().isEmpty() ? frmOpenFile::tr("(no name)") : name;
+}
+
+} // namespace
 
 frmOpenFile::frmOpenFile(Session& session)
     : Form(session), ui(std::make_unique<Ui::frmOpenFile>()) {
@@ -54,23 +66,24 @@ void frmOpenFile::FillList() {
     m_systems = ListKeySystems(m_session);
     QStringList names;
     for (const KeySystemRow& system : m_systems)
-        names.append(system.SystemName);
+        names.append(ShownName(system));
     ui->lstSystemFiles->Refill(names);
     if (m_systems.empty())
         emit NewSystemWanted();
 }
 
 void frmOpenFile::OpenSelected() {
-    const QString name = ui->lstSystemFiles->CurrentText();
-    if (name.isEmpty())
+    const int row = ui->lstSystemFiles->CurrentRow();
+    if (row < 0)
         return;
     const BusyPointer busy;
-    if (!OpenSelectedSystem(m_session, name)) {
-        m_session.boxes.Message(tr("The key system \"%1\" is no longer in the file.").arg(name),
-                                m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Information);
-        FillList();
-        return;
-    }
+    OpenSelectedSystem(m_session, m_systems[static_cast<std::size_t>(row)]);
+    if (const QString& flaws = m_session.System.flaws; !flaws.isEmpty())
+        m_session.boxes.Message(
+            tr("The key system \"%1\" is broken in the file:\n\n%2\n\nIt is opened all the same. "
+               "If a good backup of the file is at hand, bring it back.")
+                .arg(ShownName(m_systems[static_cast<std::size_t>(row)]), flaws),
+            m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
     emit SystemOpened();
 }
 
@@ -83,11 +96,11 @@ void frmOpenFile::DeleteSelected() {
     const QString question =
         tr("Are you sure you want to delete the key system \"%1\"?\n\nWith it go %2. This cannot "
            "be undone. Its location maps stay in the map file.")
-            .arg(system.SystemName, contents.InWords());
+            .arg(ShownName(system), contents.InWords());
     if (!m_session.boxes.ConfirmsLoss(question, m_session.ProgramTitle))
         return;
     const BusyPointer busy;
-    DeleteKeySystem(m_session, system.SystemID);
+    DeleteKeySystem(m_session, system);
     FillList();
     ui->lstSystemFiles->SetCurrentRow(0);
 }

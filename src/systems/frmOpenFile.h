@@ -27,6 +27,7 @@ signals:
 
 protected:
     void Activated() override;
+    void Reload() override { FillList(); }
     void changeEvent(QEvent* event) override;
 
 private:

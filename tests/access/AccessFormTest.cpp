@@ -3,7 +3,9 @@
 #include "store/ProgramTables.h"
 #include "support/FormDriver.h"
 
+#include <QFile>
 #include <QImage>
+#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -86,12 +88,86 @@ TEST(FrmCompanyInfo, KeepsEveryFieldAndEditsTheOneRow) {
     EXPECT_EQ(rows[0].CompanyAddress, "1 Quay\nHarbour");
     EXPECT_EQ(rows[0].KeyPolicy4.size(), 250);
     EXPECT_TRUE(rows[0].KeyPolicy4.endsWith("END567890d"));
-    EXPECT_EQ(rows[0].CompanyLogo, logo);
+    EXPECT_EQ(rows[0].CompanyLogo, "./logo.bmp");
     EXPECT_FALSE(Find<QLabel>(run.Form("frmMain"), "picQV")->pixmap().isNull());
 
     Choose(run.Form("frmMain"), "mnuCompanyInfo");
     EXPECT_EQ(Find<QPlainTextEdit>(run.Form("frmCompanyInfo"), "txtKeyPolicy")->toPlainText(),
               policy.left(1000));
+}
+
+TEST(FrmCompanyInfo, AsksBeforeTypedTextIsDroppedAndShowsWhatAnotherWorkstationHasStored) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    Choose(main, "mnuCompanyInfo");
+    QWidget* company = run.Form("frmCompanyInfo");
+    Type(company, "txtCompanySlogan", "555 0100");
+    run.boxes.Expect("is not saved", BoxAnswer::No);
+    company->close();
+    EXPECT_TRUE(company->isVisible());
+
+    run.session.Keys().Execute("UPDATE CompanyInfo SET CompanySlogan = '555 0199', "
+                               "CompanyMemo = 'theirs'");
+    run.boxes.Expect("has been changed at another workstation");
+    Click(company, "cmdSave");
+    EXPECT_TRUE(run.boxes.Last().text.contains("555 0100")) << "what was typed is not lost";
+    EXPECT_EQ(Find<QLineEdit>(company, "txtCompanySlogan")->text(), "555 0199");
+    EXPECT_EQ(Find<QPlainTextEdit>(company, "txtCompanyMemo")->toPlainText(), "theirs");
+    Type(company, "txtCompanySlogan", "555 0100");
+    Click(company, "cmdSave");
+    EXPECT_EQ(run.session.Company.CompanySlogan, "555 0100");
+    EXPECT_TRUE(run.Form("frmMain"));
+}
+
+TEST(FrmCompanyInfo, OpeningAndSavingLeavesTextsThatItsBoxesCannotShow) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    run.session.Keys().Execute("UPDATE CompanyInfo SET CompanyName = 'Two' || char(10) || 'lines', "
+                               "CompanyMemo = 'a' || char(13, 10) || 'b'");
+    const CompanyInfoRow before = *Recordset<CompanyInfoRow>(run.session.Keys()).First();
+    Choose(main, "mnuCompanyInfo");
+    QWidget* company = run.Form("frmCompanyInfo");
+    Type(company, "txtCompanySlogan", "555 0100");
+    Click(company, "cmdSave");
+    CompanyInfoRow after = *Recordset<CompanyInfoRow>(run.session.Keys()).First();
+    EXPECT_EQ(after.CompanySlogan, "555 0100");
+    after.CompanySlogan = before.CompanySlogan;
+    EXPECT_TRUE(SameFields(after, before));
+}
+
+/// The smallest picture of a format that not every workstation knows: eight black dots in a row.
+QByteArray Tiff() {
+    QByteArray file("II*\0\x08\0\0\0", 8);
+    const std::pair<char, char> entries[] = {{0, 8},    {1, 1},  {2, 1},  {3, 1}, {6, 1},
+                                             {17, 122}, {21, 1}, {22, 1}, {23, 1}};
+    file.append(char(std::size(entries))).append('\0');
+    for (const auto& [tag, value] : entries) // tags 256 and on, each one short number
+        file.append(tag).append('\1').append("\x03\0\x01\0\0\0", 6).append(value).append(3, '\0');
+    return file.append(4, '\0').append('\0');
+}
+
+TEST(FrmCompanyInfo, ALogoIsShownOrSaidNotToBe) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    Choose(main, "mnuCompanyInfo");
+    QWidget* company = run.Form("frmCompanyInfo");
+    auto* label = Find<QLabel>(company, "imgLogo");
+    const auto show = [&](const char* name, const QByteArray& bytes) {
+        QFile file(run.PathOf(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        file.close();
+        Find<QLineEdit>(company, "txtPicPath")->setText(file.fileName());
+    };
+    show("broken.bmp", "no picture");
+    EXPECT_TRUE(label->text().contains("cannot be shown"));
+    show("logo.tif", Tiff());
+    if (QImageReader::supportedImageFormats().contains("tif"))
+        EXPECT_EQ(label->pixmap().size(), QSize(8, 1));
+    else
+        EXPECT_TRUE(label->text().contains("cannot be shown"));
+    Find<QLineEdit>(company, "txtPicPath")->setText("/no/such/logo.bmp");
+    EXPECT_TRUE(label->text().isEmpty() && label->pixmap().isNull()) << "without a message";
+    Find<QLineEdit>(company, "txtPicPath")->clear();
 }
 
 /// Lets the idle timer of the main form tick.

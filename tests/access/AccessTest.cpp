@@ -1,5 +1,6 @@
 #include "access/CompanyInfo.h"
 #include "access/Logon.h"
+#include "store/Conflict.h"
 #include "store/Scramble.h"
 #include "support/TestProgram.h"
 
@@ -73,6 +74,15 @@ TEST_F(LogonTest, EachRightComesFromItsOwnField) {
     }
 }
 
+TEST_F(LogonTest, BlanksAroundAUserNameDoNotCount) {
+    program.session.Keys().Execute("UPDATE ProgramUsers SET UserName = 'Night porter ' "
+                                   "WHERE UserName = 'Porter'");
+    for (const char* name : {"night porter", "Night porter ", " NIGHT PORTER"})
+        EXPECT_TRUE(LogOn(name, "Secret1")) << name;
+    EXPECT_FALSE(LogOn("nightporter", "Secret1"));
+    EXPECT_FALSE(LogOn("night porter", "Secret1 ")) << "a password is exact";
+}
+
 TEST_F(LogonTest, WhatDoesNotMatchIsRefusedAndTakesTheRights) {
     for (const auto& [name, password] :
          {std::pair{"Administrator", "Tamarisk"}, std::pair{"Administrator", "tamarisk "},
@@ -115,15 +125,75 @@ TEST(CompanyInfo, IsAddedOnceAndThenEdited) {
     EXPECT_TRUE(session.CompanyInfoEmpty);
     EXPECT_EQ(session.ProgramTitle, "Quorrel for First");
     session.CompanyInfoEmpty = false; // as the main form's menu leaves it
+    const auto shown = Recordset<CompanyInfoRow>(session.Keys()).First();
     company.CompanyName = "Second";
     company.CompanySlogan = QString::fromUtf8("Cl\u00e9s & serrures");
-    SaveCompanyInfo(session, company);
+    SaveCompanyInfo(session, company, shown);
     EXPECT_FALSE(session.CompanyInfoEmpty);
     const auto rows = Recordset<CompanyInfoRow>(session.Keys()).Rows();
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows[0].CompanyName, "Second");
     EXPECT_EQ(rows[0].CompanySlogan, company.CompanySlogan);
     EXPECT_EQ(session.Company.CompanyName, "Second");
+}
+
+TEST(CompanyInfo, WhatAnotherWorkstationEnteredIsNotUndone) {
+    TestProgram here;
+    Session there(here.folder.path(), here.boxes, SystemClock(), Random([] { return 1U; }));
+    QString failure;
+    ASSERT_TRUE(LoadStartupFiles(there, failure)) << failure.toStdString();
+    LoadCompany(there);
+    const auto rows = [&] { return Recordset<CompanyInfoRow>(there.Keys()).Rows(); };
+    // Two first runs at once: neither has seen the other's company.
+    CompanyInfoRow company;
+    company.CompanyName = "Harbour Locks";
+    SaveCompanyInfo(here.session, company);
+    company.CompanyName = "Harbor Locks";
+    EXPECT_THROW(SaveCompanyInfo(there, company), ChangedElsewhere);
+    EXPECT_EQ(rows().size(), 1U);
+    company.CompanyName = "";
+    company.CompanyMemo = "Closed on Sundays";
+    SaveCompanyInfo(there, company);
+    ASSERT_EQ(rows().size(), 1U);
+    EXPECT_EQ(rows()[0].CompanyName, "Harbour Locks");
+    EXPECT_EQ(rows()[0].CompanyMemo, "Closed on Sundays");
+    EXPECT_EQ(there.ProgramTitle, "Quorrel for Harbour Locks");
+
+    const CompanyInfoRow shown = rows()[0];
+    CompanyInfoRow mine = shown, theirs = shown;
+    theirs.CompanySlogan = "555 0100";
+    SaveCompanyInfo(there, theirs, shown);
+    mine.CompanyAddress = "1 Quay";
+    SaveCompanyInfo(here.session, mine, shown);
+    EXPECT_EQ(rows()[0].CompanySlogan, "555 0100");
+    EXPECT_EQ(rows()[0].CompanyAddress, "1 Quay");
+    mine.CompanySlogan = "555 0199";
+    EXPECT_THROW(SaveCompanyInfo(here.session, mine, shown), ChangedElsewhere);
+    EXPECT_EQ(rows()[0].CompanySlogan, "555 0100");
+}
+
+TEST(CompanyInfo, ALogoBesideTheKeyFileMovesWithIt) {
+    TestProgram program;
+    Session& session = program.session;
+    CompanyInfoRow company;
+    company.CompanyLogo = program.folder.filePath("pictures/logo.bmp");
+    SaveCompanyInfo(session, company);
+    CompanyInfoRow stored = *Recordset<CompanyInfoRow>(session.Keys()).First();
+    EXPECT_EQ(stored.CompanyLogo, "./pictures/logo.bmp");
+    EXPECT_EQ(session.Company.CompanyLogo, company.CompanyLogo);
+    // As an earlier program stored it, it is the same logo.
+    session.Keys().Execute("UPDATE CompanyInfo SET CompanyLogo = :l", {company.CompanyLogo});
+    LoadCompany(session);
+    EXPECT_EQ(session.Company.CompanyLogo, company.CompanyLogo);
+    company.CompanyMemo = "new";
+    SaveCompanyInfo(session, company, stored);
+    EXPECT_EQ(Recordset<CompanyInfoRow>(session.Keys()).First()->CompanyLogo,
+              "./pictures/logo.bmp");
+    // A text that leads nowhere stays as it was entered.
+    stored = *Recordset<CompanyInfoRow>(session.Keys()).First();
+    company.CompanyLogo = "none";
+    SaveCompanyInfo(session, company, stored);
+    EXPECT_EQ(session.Company.CompanyLogo, "none");
 }
 
 TEST(CompanyInfo, ALogoIsALongPathOfAFile) {

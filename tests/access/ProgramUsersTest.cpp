@@ -54,6 +54,9 @@ TEST_F(ProgramUsers, ANewUserIsTestedInTurnAndAdded) {
     EXPECT_EQ(NextProgramUserID(session), 3);
     EXPECT_TRUE(LogOn(session, QString(50, u'p'), "abcd"));
 
+    EXPECT_EQ(Added(User(" Caf\u00e9 porter  ", "abcd")).UserName, "Caf\u00e9 porter");
+    EXPECT_EQ(Added(User(QString(49, u'a') + " b", "abcd")).UserName, QString(49, u'a'));
+
     Recordset<ProgramUsersRow>(session.Keys()).DeleteAll();
     EXPECT_EQ(NextProgramUserID(session), 1);
 }

@@ -27,10 +27,10 @@ protected:
     void SetUp() override {
         program.CreateAndOpen(StandardSystem("Pier", "2715"));
         session.Keys().Execute("UPDATE KeySystem SET SystemID = 7");
-        ASSERT_TRUE(OpenSelectedSystem(session, "Pier"));
+        OpenKeySystem(session, ListKeySystems(session).front());
         QString failure;
         ASSERT_TRUE(LoadStartupFiles(other, failure)) << failure.toStdString();
-        ASSERT_TRUE(OpenSelectedSystem(other, "Pier"));
+        OpenKeySystem(other, ListKeySystems(other).front());
     }
 
     /// Adds a stored row as another part of the program does.

@@ -433,7 +433,7 @@ TEST_F(FrmKeyUsers, LookingAroundChangesNoByte) {
 
 TEST_F(FrmKeyUsers, TakesPeopleFromThePersonnelFile) {
     const QString people = program.folder.filePath("people.db");
-    Database::Create(people, {1, 1},
+    Database::Create(people, {1},
                      "CREATE TABLE Staff (TM TEXT, Name TEXT, Title TEXT, Department TEXT, "
                      "WorkPhone TEXT); INSERT INTO Staff VALUES "
                      "('1041', 'O''Malley,Sean', 'Gardener', 'Grounds', '555')");

@@ -34,7 +34,7 @@ protected:
 
     void StartWithSqlite(const QString& statements) {
         const QString path = program.folder.filePath("people.db");
-        Database::Create(path, {1, 1}, statements);
+        Database::Create(path, {1}, statements);
         Start(path);
     }
 

@@ -219,7 +219,7 @@ TEST_F(PageViewTest, TheSpecialRowTellsTheTypeAndStandsInNoCell) {
 
 TEST_F(PageViewTest, AMissingSystemLeavesABlankPage) {
     Open(StandardSystem("Gone", "2715"));
-    DeleteKeySystem(program.session, program.session.ActiveSystemNumber);
+    DeleteKeySystem(program.session, ListKeySystems(program.session).front());
     page.ClearPageCells();
     program.session.System = ReadOpenSystem(keys(), program.session.ActiveSystemNumber);
     Turn(1);

@@ -20,7 +20,7 @@ protected:
 
     QString Sqlite(const QString& statements) {
         QFile::remove(m_path);
-        Database::Create(m_path, {1, 1}, statements);
+        Database::Create(m_path, {1}, statements);
         return m_path;
     }
 
@@ -129,7 +129,7 @@ TEST_F(ForeignTableTest, AnSqliteFileIsReadTheSameWay) {
               Rows({{"1001", QString::fromUtf8("J\u00f6rg"), "", "17"}, {"2.25", "", "", "0017"}}));
     EXPECT_EQ(RowsOf(*ForeignTable::Open(m_path, "people"), {"badge"}), Rows({{"17"}, {"0017"}}));
     EXPECT_NE(Failure(m_path, "x\"; DROP TABLE Staff; --").find("no table"), std::string::npos);
-    Database::Open(m_path, {1, 1})->Execute("INSERT INTO Staff VALUES (18, 'New', 0)");
+    Database::Open(m_path, {1})->Execute("INSERT INTO Staff VALUES (18, 'New', 0)");
     EXPECT_EQ(RowsOf(*table, {"TM"}).size(), 3) << "as the file is now";
 }
 
@@ -183,6 +183,30 @@ TEST_F(ForeignTableTest, ABrokenFileEndsInAFailureOrInFewerRows) {
     }
     testing::internal::GetCapturedStderr();
     EXPECT_EQ(RowsOf(*ForeignTable::Open(Bytes(whole), "Staff"), {"TM"}).size(), 4);
+}
+
+TEST_F(ForeignTableTest, AViewWithoutEndIsGivenUp) {
+    const QString path = Sqlite(
+        "CREATE VIEW Rows AS WITH RECURSIVE n(TM) AS (SELECT 1 UNION ALL SELECT TM + 1 FROM n) "
+        "SELECT TM FROM n;"
+        "CREATE VIEW Silent AS SELECT TM FROM Rows WHERE TM < 0;"
+        "CREATE VIEW Huge AS SELECT hex(zeroblob(6000000)) AS TM");
+    constexpr qint64 steps = 1'000'000;
+    const auto rows = ForeignTable::Open(path, "Rows", steps);
+    for (int walk = 0; walk < 2; ++walk) { // Each has the bound anew.
+        int seen = 0;
+        try {
+            rows->Walk({"TM"}, [&](const ForeignRow&) { return ++seen > 0; });
+            ADD_FAILURE() << "A walk without end has ended";
+        } catch (const DatabaseError& error) {
+            EXPECT_TRUE(QString::fromUtf8(error.what()).contains("the reading was given up"))
+                << error.what();
+        }
+        EXPECT_GT(seen, 1000);
+        EXPECT_LT(seen, steps);
+    }
+    EXPECT_THROW(ForeignTable::Open(path, "Silent", steps), DatabaseError);
+    EXPECT_THROW(ForeignTable::Open(path, "Huge", steps), DatabaseError);
 }
 
 } // namespace

@@ -38,20 +38,26 @@ TEST(FrmNetwork, EditsBothRows) {
     Type(form, "txtTable", "People");
     run.boxes.Expect("people.db", BoxAnswer::No);
     Click(form, "cmdSave");
-    EXPECT_EQ(SystemInfo(run.session)[0].NetworkPath, run.PathOf(kKeySystemFile));
+    EXPECT_EQ(SystemInfo(run.session)[0].NetworkPath, "./KeySystem.qv2");
 
     run.boxes.Expect("people.db", BoxAnswer::Yes);
     run.boxes.Expect("take effect at the next start");
     Click(form, "cmdSave");
     const auto rows = SystemInfo(run.session);
-    EXPECT_EQ(rows[0].NetworkPath, other);
+    EXPECT_EQ(rows[0].NetworkPath, "./other.qv2");
     EXPECT_TRUE(rows[0].Networked && rows[0].personel);
     EXPECT_EQ(rows[0].PersonelTable, "People");
-    EXPECT_EQ(rows[1].NetworkPath, run.folder.path());
+    EXPECT_EQ(rows[1].NetworkPath, "./");
 
+    auto* noMaps = Find<QLabel>(form, "lblNoMaps");
+    EXPECT_FALSE(noMaps->isVisible());
     Click(form, "optLocal");
+    EXPECT_TRUE(noMaps->isVisible()) << "no maps without a network path";
     EXPECT_EQ(Find<QLineEdit>(form, "txtNetPath")->text(), run.PathOf(kKeySystemFile));
     EXPECT_FALSE(Find<QPushButton>(form, "cmdBrowse_0")->isEnabled());
+    run.boxes.Expect("What you have entered here is not saved", BoxAnswer::No);
+    form->close();
+    EXPECT_TRUE(form->isVisible());
     Click(form, "cmdExit");
     EXPECT_EQ(run.Form("frmMain"), main);
 }

@@ -56,6 +56,20 @@ TEST(Start, TellsInPlainWordsWhyAFileCannotBeUsed) {
     EXPECT_TRUE(run.ended);
 }
 
+TEST(Start, AFileThatIsInUseIsTriedAgainOrLeadsToTheSettings) {
+    for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No}) {
+        RunningProgram run;
+        run.RecordCompany();
+        run.session.BusyTimeout = 50;
+        auto other = Database::Open(run.PathOf(kKeySystemFile), kKeySystemKind);
+        other->Execute("BEGIN EXCLUSIVE");
+        run.boxes.ExpectWhile("KeySystem.qv2 is in use by another workstation",
+                              [&] { other.reset(); }, answer);
+        run.program.Start(false);
+        EXPECT_TRUE(run.Form(answer == BoxAnswer::Yes ? "frmLogon" : "frmNetwork"));
+    }
+}
+
 TEST(Start, SplashEndsAtAKey) {
     RunningProgram run;
     run.RecordCompany();

@@ -8,6 +8,8 @@
 
 #include <QSet>
 
+#include <limits>
+
 namespace quorrel::test {
 namespace {
 
@@ -77,8 +79,8 @@ TEST(Tables, RowsAgreeWithTheDeliveredFiles) {
     Session& session = program.session;
     CheckFile<KeySystemRow, PatternsRow, AllKeysRow, DoorsRow, DepartmentRow, KeyUsersRow,
               KeyUnitRow, UsertoUnitRow, ReturnKeyRow, LostKeysRow, CrossKeyedRow, ActivityRow,
-              ManufacturerRow, ProgramUsersRow, CompanyInfoRow>(session.Keys());
-    CheckFile<SystemInfoRow>(*session.SysinfoDatabase);
+              ManufacturerRow, ProgramUsersRow, CompanyInfoRow, NumbersGivenRow>(session.Keys());
+    CheckFile<SystemInfoRow, WindowPlaceRow>(*session.SysinfoDatabase);
     CheckFile<MapRow>(*Database::Open(program.PathOf(kMapFile), kMapKind));
 }
 
@@ -142,6 +144,34 @@ TEST(Recordset, NullsReadAsEmpty) {
     EXPECT_EQ(doors[1].Sing1, 0);
     EXPECT_EQ(doors[1].Coordx, 0);
     EXPECT_EQ(Recordset<DoorsRow>(keys).Largest(&DoorsRow::Long1), 0);
+}
+
+TEST(Recordset, OddValuesOfOtherProgramsAreReadAsFarAsTheyGo) {
+    TestProgram program;
+    Database& keys = program.session.Keys();
+    keys.Execute("INSERT INTO Doors (SystemNumber, DoorLabel, Text1, Text2, Sing1, Sing2, Long1, "
+                 "DoorID, Coordx, CoordY, Crosskeyed) VALUES "
+                 "(1, 12.5, x'41ff42', printf('%.1000000c', 'k'), 9000000000, -9000000000, 'many', "
+                 "9e999, 'left', 4611686018427387904, 9000000000)");
+    keys.Execute("INSERT INTO Doors (SystemNumber, DoorLabel, Sing1) VALUES (1, 'next', 5)");
+    const auto doors = Recordset<DoorsRow>(keys).Rows();
+    ASSERT_EQ(doors.size(), 2U);
+    const DoorsRow& door = doors[0];
+    EXPECT_EQ(door.DoorLabel, "12.5");
+    EXPECT_EQ(door.Text1, QString("A") + QChar::ReplacementCharacter + "B");
+    EXPECT_EQ(door.Text2, QString(1000000, u'k'));
+    EXPECT_EQ(door.Sing1, std::numeric_limits<int>::max()) << "not what its low half would be";
+    EXPECT_EQ(door.Sing2, std::numeric_limits<int>::min());
+    EXPECT_EQ(door.Long1, 0);
+    EXPECT_EQ(door.DoorID, 0) << "no number without end";
+    EXPECT_EQ(door.Coordx, 0);
+    EXPECT_EQ(door.CoordY, 4611686018427387904.0);
+    EXPECT_TRUE(door.Crosskeyed);
+    keys.Execute("INSERT INTO KeyUsers (SystemNumber, UserID) VALUES (1, 7), (1, 'x'), "
+                 "(1, 9000000000), (1, NULL)");
+    EXPECT_EQ(Recordset<KeyUsersRow>(keys).Largest(&KeyUsersRow::UserID), 7);
+    EXPECT_EQ(doors[1].DoorLabel, "next");
+    EXPECT_EQ(doors[1].Sing1, 5);
 }
 
 TEST(Recordset, QueriesSelectAndOrder) {

@@ -32,6 +32,12 @@ public:
         m_expected.push_back({text, answer, {}});
     }
 
+    /// The next box must contain `text`; while it is up, this happens before it gets its answer.
+    void ExpectWhile(const QString& text, std::function<void()> meanwhile,
+                     BoxAnswer answer = BoxAnswer::Ok) {
+        m_expected.push_back({text, answer, {}, std::move(meanwhile)});
+    }
+
     /// The next box must be a file dialog with this filter; this path is chosen.
     void ExpectFileDialog(const QString& filter, const QString& path) {
         m_expected.push_back({filter, BoxAnswer::Ok, path});
@@ -83,6 +89,7 @@ private:
         QString text;
         BoxAnswer answer;
         QString path;
+        std::function<void()> meanwhile = {};
     };
 
     BoxAnswer ShowMessage(const QString& text, const QString& title, BoxButtons buttons,
@@ -125,6 +132,8 @@ private:
         m_expected.pop_front();
         EXPECT_TRUE(text.contains(expected.text))
             << "Expected: " << expected.text.toStdString() << "\nShown: " << text.toStdString();
+        if (expected.meanwhile)
+            expected.meanwhile();
         return expected;
     }
 

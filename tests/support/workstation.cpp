@@ -4,6 +4,12 @@
 //   workstation FOLDER delete NAME          deletes a key system; prints "deleted"
 //   workstation FOLDER list                 prints "NAME: PATTERNS" for each key system
 //   workstation FOLDER hold MILLISECONDS    holds the write lock; prints "holding" when it has it
+//   workstation FOLDER hold-maps MILLISECONDS   as hold, of the map file
+//   workstation FOLDER lock MILLISECONDS    shuts everybody out of the key system file; prints
+//                                           "locked" when it has
+//   workstation FOLDER both MOMENT COUNT    writes a door and a map for the first system in one
+//                                           transaction and dies within it, as `DyingEngine` says;
+//                                           prints "survived" when it has stored them before that
 //   workstation FOLDER office SEED COUNT    acts COUNT times on key units at random; prints what
 //                                           was done so far after each
 //   workstation FOLDER open-as-nobody       opens the files as a user without the right to write
@@ -12,6 +18,9 @@
 
 #include "platform/Recordset.h"
 #include "start/Startup.h"
+#include "store/DoorTables.h"
+#include "store/MapTransaction.h"
+#include "support/DyingEngine.h"
 #include "support/KeyBooks.h"
 #include "systems/KeySystems.h"
 #include "systems/NewSystem.h"
@@ -65,7 +74,7 @@ void Create(Session& session, const QString& name, const std::string& master) {
 void Delete(Session& session, const QString& name) {
     for (const KeySystemRow& system : ListKeySystems(session))
         if (system.SystemName == name)
-            DeleteKeySystem(session, system.SystemID);
+            DeleteKeySystem(session, system);
     std::cout << "deleted" << std::endl;
 }
 
@@ -79,6 +88,34 @@ void Hold(Session& session, unsigned long milliseconds) {
     const Transaction transaction(session.Keys());
     std::cout << "holding" << std::endl;
     QThread::msleep(milliseconds);
+}
+
+void HoldMaps(Session& session, unsigned long milliseconds) {
+    const auto maps = OpenMaps(session, {});
+    const Transaction transaction(*maps);
+    std::cout << "holding" << std::endl;
+    QThread::msleep(milliseconds);
+}
+
+void Lock(Session& session, unsigned long milliseconds) {
+    session.Keys().Execute("BEGIN EXCLUSIVE");
+    std::cout << "locked" << std::endl;
+    QThread::msleep(milliseconds);
+}
+
+void WriteBoth(Session& session, const std::string& moment, int count) {
+    OpenKeySystem(session, ListKeySystems(session).at(0));
+    DoorsRow door;
+    door.SystemNumber = session.ActiveSystemNumber;
+    MapRow map;
+    map.SystemNumber = session.ActiveSystemNumber;
+    map.MapID = 1 + static_cast<int>(Recordset<MapRow>(*session.MapDatabase).Count());
+    test::DyingEngine::Arm(moment, count);
+    MapTransaction transaction(session);
+    Recordset<DoorsRow>::Add(session.Keys(), door);
+    Recordset<MapRow>::Add(session.Keys(), map);
+    transaction.Commit();
+    std::cout << "survived" << std::endl;
 }
 
 /// Deals with key units of the first system at random, telling after each action how often each
@@ -106,8 +143,10 @@ void BecomeNobody() {
 void Run(const QString& folder, const QString& verb, int argc, char** argv) {
     if (verb == QLatin1String("open-as-nobody"))
         BecomeNobody();
+    test::DyingEngine::Install();
     NoBoxes boxes;
     Session session(folder, boxes, SystemClock(), Random([] { return 1U; }));
+    session.BusyTimeout = 60000; // However busy the machine is, it gets its turn.
     QString failure;
     if (!LoadStartupFiles(session, failure))
         throw std::runtime_error(failure.toStdString());
@@ -119,6 +158,12 @@ void Run(const QString& folder, const QString& verb, int argc, char** argv) {
         List(session);
     else if (verb == QLatin1String("hold") && argc == 4)
         Hold(session, std::stoul(argv[3]));
+    else if (verb == QLatin1String("hold-maps") && argc == 4)
+        HoldMaps(session, std::stoul(argv[3]));
+    else if (verb == QLatin1String("lock") && argc == 4)
+        Lock(session, std::stoul(argv[3]));
+    else if (verb == QLatin1String("both") && argc == 5)
+        WriteBoth(session, argv[3], std::stoi(argv[4]));
     else if (verb == QLatin1String("office") && argc == 5)
         Office(session, static_cast<unsigned>(std::stoul(argv[3])), std::stoi(argv[4]));
 }

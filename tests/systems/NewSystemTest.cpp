@@ -178,23 +178,58 @@ TEST(CreateKeySystem, ANameTakenMeanwhileIsRefused) {
     EXPECT_EQ(Recordset<PatternsRow>(program.session.Keys()).Count(), 4 * 104 + 1);
 }
 
-TEST(CreateKeySystem, NumbersAreNotGivenTwice) {
+/// Numbers that systems get one after the other.
+class SystemNumbers : public testing::Test {
+protected:
+    int Create() {
+        const QString name = QStringLiteral("System %1").arg(++m_created);
+        return CreateKeySystem(session, StandardSystem(name, "2715")).SystemID;
+    }
+
+    void DeleteLast() { DeleteKeySystem(session, ListKeySystems(session).back()); }
+
+    void FileAMap(int number) {
+        MapRow map;
+        map.MapID = number;
+        map.SystemNumber = number;
+        Recordset<MapRow>::Add(*Database::Open(program.PathOf(kMapFile), kMapKind), map);
+    }
+
     TestProgram program;
     Session& session = program.session;
-    const auto create = [&](const char* name) {
-        return CreateKeySystem(session, StandardSystem(QString::fromLatin1(name), "2715")).SystemID;
-    };
-    EXPECT_EQ(create("A"), 1);
-    EXPECT_EQ(create("B"), 2);
-    DeleteKeySystem(session, 1);
-    EXPECT_EQ(create("C"), 3);
-    // A system that is gone but has left a map keeps its number.
-    MapRow map;
-    map.MapID = 1;
-    map.SystemNumber = 3;
-    Recordset<MapRow>::Add(*Database::Open(program.PathOf(kMapFile), kMapKind), map);
-    DeleteKeySystem(session, 3);
-    EXPECT_EQ(create("D"), 4);
+
+private:
+    int m_created = 0;
+};
+
+TEST_F(SystemNumbers, NoneIsGivenTwice) {
+    EXPECT_EQ(Create(), 1);
+    EXPECT_EQ(Create(), 2);
+    DeleteLast();
+    EXPECT_EQ(Create(), 3) << "the highest one was free";
+    DeleteLast();
+    DeleteLast();
+    EXPECT_EQ(Create(), 4) << "there was no system left";
+    // Earlier programs left rows and maps behind, and a system may use another's maps.
+    session.Keys().Execute("INSERT INTO Doors (SystemNumber) VALUES (6)");
+    EXPECT_EQ(Create(), 7);
+    FileAMap(9);
+    EXPECT_EQ(Create(), 10);
+    session.Keys().Execute("UPDATE KeySystem SET MapFileID = 12");
+    EXPECT_EQ(Create(), 13);
+    session.Keys().Execute("DELETE FROM NumbersGiven");
+    DeleteLast();
+    EXPECT_EQ(Create(), 14) << "deleting keeps the number of a system of an earlier program";
+}
+
+TEST_F(SystemNumbers, WhatIsNoNumberDoesNotCountAndTheLastOneIsTold) {
+    session.Keys().Execute("INSERT INTO Doors (SystemNumber) VALUES (9000000000), ('x'), (-4)");
+    FileAMap(70000);
+    EXPECT_EQ(Create(), 1);
+    session.Keys().Execute("INSERT INTO Doors (SystemNumber) VALUES (32766)");
+    EXPECT_EQ(Create(), 32767);
+    EXPECT_THROW(Create(), std::runtime_error);
+    EXPECT_EQ(ListKeySystems(session).size(), 2U);
 }
 
 } // namespace

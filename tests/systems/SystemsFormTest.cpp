@@ -1,4 +1,5 @@
 #include "platform/Recordset.h"
+#include "store/DatabaseFiles.h"
 #include "store/SystemTables.h"
 #include "support/FormDriver.h"
 #include "support/Workstation.h"
@@ -261,6 +262,53 @@ TEST_F(FrmOpenFile, DeletesAfterAQuestionThatNamesTheSystem) {
     run.boxes.Expect("\"Pier\"", BoxAnswer::Yes);
     Click(open, "cmdDelete");
     EXPECT_TRUE(run.Form("frmCreateFile")) << "no system is left to choose";
+}
+
+TEST_F(FrmOpenFile, DeletesAndOpensWhatItShowsOrTellsWhatHasHappened) {
+    const auto elsewhere = Database::Open(run.PathOf(kKeySystemFile), kKeySystemKind);
+    const auto meanwhile = [&](const char* name) {
+        return [&elsewhere, name] {
+            elsewhere->Execute("UPDATE KeySystem SET SystemName = :n WHERE SystemID = 2",
+                               {QString(name)});
+        };
+    };
+    list->SetCurrentRow(1);
+    run.boxes.ExpectWhile("delete the key system \"Quay\"", meanwhile("School"), BoxAnswer::Yes);
+    run.boxes.Expect("The key system \"Quay\" is no longer in the file");
+    Click(open, "cmdDelete");
+    EXPECT_EQ(list->Lines(), QStringList({"Pier", "School"}));
+    EXPECT_EQ(ContentsOf(run.session, 2).keys, 6741);
+
+    list->SetCurrentRow(1);
+    meanwhile("Library")();
+    run.boxes.Expect("The key system \"School\" is no longer in the file");
+    Click(open, "cmdOpen");
+    EXPECT_EQ(list->Lines(), QStringList({"Pier", "Library"}));
+    list->SetCurrentRow(1);
+    Click(open, "cmdOpen");
+    EXPECT_EQ(Find<QLabel>(run.Form("frmMain"), "lblSystem")->text(), "Library");
+}
+
+TEST_F(FrmOpenFile, SaysInPlainWordsWhatIsBroken) {
+    run.session.Keys().Execute("UPDATE KeySystem SET NumberOfPins = 12 WHERE SystemID = 2");
+    list->SetCurrentRow(1);
+    run.boxes.Expect("\"Quay\" cannot be opened: it is stored with 12 pins");
+    Click(open, "cmdOpen");
+    EXPECT_TRUE(open->isVisible());
+    run.session.Keys().Execute("UPDATE KeySystem SET NumberOfPins = 6, SystemName = NULL "
+                               "WHERE SystemID = 2");
+    run.session.Keys().Execute("UPDATE KeySystem SET SystemName = printf('%.1000000c', 'P') "
+                               "WHERE SystemID = 1");
+    open->hide();
+    open->show();
+    ASSERT_EQ(list->Count(), 2);
+    EXPECT_EQ(list->Lines()[0], QString(255, u'P')) << "cut for the screen";
+    EXPECT_EQ(list->Lines()[1], "(no name)");
+    list->SetCurrentRow(1);
+    run.boxes.Expect("It has no name.");
+    Click(open, "cmdOpen");
+    EXPECT_EQ(run.session.ActiveSystemNumber, 2);
+    EXPECT_TRUE(run.Form("frmMain"));
 }
 
 TEST(FrmOpenFileRights, WithoutTheRightNothingButOpeningIsPossible) {
