@@ -13,7 +13,7 @@ namespace quorrel {
 namespace {
 
 bool HasPossiblePins(const OpenSystem& system) {
-    return system.PinCount >= kFewestPins && system.PinCount <= kMostPins;
+    return system.PinCount >= kPinCountLimits.lowest && system.PinCount <= kPinCountLimits.highest;
 }
 
 void AddFlaw(OpenSystem& system, const QString& text) {
@@ -23,7 +23,8 @@ void AddFlaw(OpenSystem& system, const QString& text) {
 /// As many pages as a system of these pins can have, whatever its range of cuts.
 int MostPages(int pins) {
     int pages = 1;
-    for (int place = kFewestPins; place <= std::min(pins, kMostPins); ++place)
+    for (int place = kPinCountLimits.lowest; place <= std::min(pins, kPinCountLimits.highest);
+         ++place)
         pages = std::min(pages * 10, kMaxPages);
     return pages;
 }
@@ -100,8 +101,8 @@ void RequireUsable(const OpenSystem& system) {
     if (!HasPossiblePins(system))
         flaw = QStringLiteral("it is stored with %1 pins, and only %2 to %3 are possible")
                    .arg(system.PinCount)
-                   .arg(kFewestPins)
-                   .arg(kMostPins);
+                   .arg(kPinCountLimits.lowest)
+                   .arg(kPinCountLimits.highest);
     else if (!IsDigits(system.MasterKeyCuts, system.PinCount))
         flaw = QStringLiteral("its master key cannot be read as %1 cuts").arg(system.PinCount);
     if (!flaw.isEmpty())

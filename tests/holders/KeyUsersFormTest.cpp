@@ -44,6 +44,7 @@ protected:
     void Press(Qt::Key key, Qt::KeyboardModifiers with = {}) {
         QTest::keyClick(form->focusWidget(), key, with);
         QCoreApplication::processEvents();
+        LetButtonsComeUp(form.get());
     }
 
     void ClickLine(const char* list, int row, bool twice = false) {

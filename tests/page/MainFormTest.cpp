@@ -412,7 +412,7 @@ TEST(FrmMain, AFailedSaveKeepsTheTextAndLeavesAWayOut) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         run.boxes.Expect("Leave it without saving?", BoxAnswer::No);
         main->close();
-        EXPECT_EQ(Find<QLineEdit>(run.Form("frmMain"), "txtKeyID")->text(), "front");
+        EXPECT_EQ(Find<QLineEdit>(run.Form("frmMain"), "txtKeyID")->text(), "FRONT");
     }
     run.boxes.Expect("Leave it without saving?", BoxAnswer::No);
     Choose(main, "mnuFileOpen");

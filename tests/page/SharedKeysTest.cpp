@@ -193,7 +193,7 @@ TEST_F(SharedKeys, AKeyOrSystemThatIsGoneIsTold) {
     there.Keys().Execute("DELETE FROM Patterns WHERE PageNumber = 1 AND Position = 6");
     const QString told = Conflict([](KeyRecordText& screen) { screen.keyID = "B1"; });
     EXPECT_TRUE(told.startsWith("Key ID A1 is no longer in the file"));
-    DeleteKeySystem(there, there.ActiveSystemNumber);
+    DeleteKeySystem(there, ListKeySystems(there).front());
     CreateKeySystem(there, StandardSystem("School", "2715"));
     here->Select(7);
     EXPECT_THROW(here->Leave([](KeyRecordText& screen) { screen.keyID = "B1"; }), SystemGone);

@@ -102,7 +102,7 @@ TEST_F(FrmManufacturer, TheBrandInTheBoxIsTheOneThatACommandActsOn) {
     combo->setFocus();
     combo->setEditText("Quayside  ");
     QTest::keyClick(combo, Qt::Key_S, Qt::AltModifier);
-    QTest::qWait(200); // The button comes up again before it counts as clicked.
+    LetButtonsComeUp(form);
     EXPECT_EQ(FindPinSizes(run.session, "quayside")->bottom[2], " ");
     EXPECT_EQ(FindPinSizes(run.session, "Generic .015 inch steps")->bottom[2], ".180");
     combo->setEditText({});

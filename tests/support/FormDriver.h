@@ -4,6 +4,7 @@
 #include "app/Program.h"
 #include "support/TestProgram.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QTest>
@@ -55,6 +56,16 @@ inline void Choose(QWidget* form, const char* action) {
     auto* entry = Find<QAction>(form, action);
     EXPECT_TRUE(entry->isEnabled()) << action;
     entry->trigger();
+    QCoreApplication::processEvents();
+}
+
+/// A button that was pressed by its shortcut counts as clicked when it comes up again.
+inline void LetButtonsComeUp(QWidget* form) {
+    EXPECT_TRUE(QTest::qWaitFor([form] {
+        const auto buttons = form->findChildren<QAbstractButton*>();
+        return std::none_of(buttons.begin(), buttons.end(),
+                            [](const QAbstractButton* button) { return button->isDown(); });
+    }));
     QCoreApplication::processEvents();
 }
 
