@@ -131,6 +131,10 @@ void TextList::paintEvent(QPaintEvent* event) {
 }
 
 void TextList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_End && CurrentRow() < 0 && Count() > 0) {
+        GoTo(Count() - 1); // The toolkit begins at the first line, whichever key it is.
+        return;
+    }
     if (!IsEnter(*event)) {
         if (ByUser([&] { QListView::keyPressEvent(event); }))
             Moved();

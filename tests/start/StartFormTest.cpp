@@ -63,8 +63,8 @@ TEST(Start, AFileThatIsInUseIsTriedAgainOrLeadsToTheSettings) {
         run.session.BusyTimeout = 50;
         auto other = Database::Open(run.PathOf(kKeySystemFile), kKeySystemKind);
         other->Execute("BEGIN EXCLUSIVE");
-        run.boxes.ExpectWhile("KeySystem.qv2 is in use by another workstation",
-                              [&] { other.reset(); }, answer);
+        run.boxes.ExpectWhile(
+            "KeySystem.qv2 is in use by another workstation", [&] { other.reset(); }, answer);
         run.program.Start(false);
         EXPECT_TRUE(run.Form(answer == BoxAnswer::Yes ? "frmLogon" : "frmNetwork"));
     }
