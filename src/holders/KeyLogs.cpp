@@ -14,7 +14,7 @@ namespace {
 
 /// The texts of a row, in the order of the columns.
 template <class Row>
-constexpr std::array<QString Row::*, kLogTexts> kTexts = {
+constexpr std::array<QString Row::*, kLogTexts> kUnitTexts = {
     &Row::Date,     &Row::Time,           &Row::KeyID,  &Row::UnitID,
     &Row::UserName, &Row::UserDepartment, &Row::Report, &Row::LoggedUser};
 
@@ -38,7 +38,7 @@ LogEntry EntryOf(Row row) {
     entry.key = row.key;
     entry.number = row.*kNumber<Row>;
     for (std::size_t i = 0; i < entry.texts.size(); ++i)
-        entry.texts[i] = row.*kTexts<Row>[i];
+        entry.texts[i] = row.*kUnitTexts<Row>[i];
     return entry;
 }
 
@@ -48,7 +48,7 @@ Row RowOf(const LogEntry& entry, int systemNumber) {
     row.key = entry.key;
     row.*kNumber<Row> = entry.number;
     for (std::size_t i = 0; i < entry.texts.size(); ++i)
-        row.*kTexts<Row>[i] = entry.texts[i];
+        row.*kUnitTexts<Row>[i] = entry.texts[i];
     row.SystemNumber = systemNumber;
     return row;
 }
@@ -169,7 +169,7 @@ bool LogEntry::IsBlank() const {
 QStringList LogColumns(KeyLog log) {
     return WithRowOf(log, []<class Row>(const Row&) {
         QStringList names;
-        for (const auto column : kTexts<Row>)
+        for (const auto column : kUnitTexts<Row>)
             names.append(QLatin1String(ColumnName(column)));
         return names << QLatin1String(ColumnName(kNumber<Row>));
     });
@@ -181,7 +181,7 @@ std::vector<RowKey> ListLog(Session& session, KeyLog log, std::optional<int> sor
             return ReadColumn(session, &Row::SystemNumber).keys;
         if (*sortedBy == kLogTexts)
             return SortedKeys(ReadColumn(session, kNumber<Row>));
-        return SortedKeys(ReadColumn(session, kTexts<Row>.at(static_cast<std::size_t>(*sortedBy))));
+        return SortedKeys(ReadColumn(session, kUnitTexts<Row>.at(static_cast<std::size_t>(*sortedBy))));
     });
 }
 
