@@ -181,7 +181,8 @@ std::vector<RowKey> ListLog(Session& session, KeyLog log, std::optional<int> sor
             return ReadColumn(session, &Row::SystemNumber).keys;
         if (*sortedBy == kLogTexts)
             return SortedKeys(ReadColumn(session, kNumber<Row>));
-        return SortedKeys(ReadColumn(session, kUnitTexts<Row>.at(static_cast<std::size_t>(*sortedBy))));
+        return SortedKeys(
+            ReadColumn(session, kUnitTexts<Row>.at(static_cast<std::size_t>(*sortedBy))));
     });
 }
 

@@ -24,7 +24,7 @@ double LuminanceOf(const QColor& colour) {
 
 /// How far two colours stand off from each other, 1 to 21 (WCAG 2.2, "contrast ratio").
 double Contrast(const QColor& one, const QColor& other) {
-    const auto [darker, lighter] = std::minmax(LuminanceOf(one), LuminanceOf(other));
+    const auto [darker, lighter] = std::minmax({LuminanceOf(one), LuminanceOf(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
