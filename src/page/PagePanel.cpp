@@ -4,6 +4,7 @@
 #include "ui_PagePanel.h"
 
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include <algorithm>
 

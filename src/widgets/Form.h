@@ -97,12 +97,8 @@ protected:
             std::is_base_of_v<QAbstractButton, Sender> || std::is_base_of_v<QAction, Sender>;
         QObject::connect(sender, signal, &m_events, [this, action](auto... arguments) {
             Guarded([&] {
-                if (command && !LeaveBox())
-                    return;
-                if constexpr (std::is_invocable_v<Action, decltype(arguments)...>)
-                    action(arguments...);
-                else
-                    action();
+                if (!command || LeaveBox())
+                    Call(action, arguments...);
             });
         });
     }
@@ -127,6 +123,15 @@ protected:
 
 private:
     class FocusWatch;
+
+    /// Calls a handler, with what its signal carries if it takes that.
+    template <class Action, class... Arguments>
+    static void Call(Action& action, Arguments&... arguments) {
+        if constexpr (std::is_invocable_v<Action, Arguments...>)
+            action(arguments...);
+        else
+            action();
+    }
 
     /// Does what leaving the box with the focus does. False when the command is not to act.
     bool LeaveBox();

@@ -14,10 +14,6 @@
 namespace quorrel::test {
 namespace {
 
-QString LabelText(QWidget* form, const char* name) {
-    return Find<QLabel>(form, name)->text();
-}
-
 TEST(FrmLogon, ThirdFailureEndsTheProgram) {
     RunningProgram run;
     run.RecordCompany();

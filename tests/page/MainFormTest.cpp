@@ -23,10 +23,6 @@ void ClickCell(QWidget* main, int cell) {
     Click(main, ("ChgKey_" + std::to_string(cell)).c_str());
 }
 
-QString LabelText(QWidget* main, const char* name) {
-    return Find<QLabel>(main, name)->text();
-}
-
 /// Gives keys of the open file a Key ID and a description.
 void LabelKeys(RunningProgram& run, const std::map<int, QString>& labelOfPosition) {
     for (PatternsRow& row : Recordset<PatternsRow>(run.session.Keys()).Rows()) {

@@ -56,21 +56,25 @@ TEST(DatabaseFile, WhatIsNoUsableFileIsToldAndLeftAlone) {
         Write(path, bytes);
         return FailureToOpen(path, kind);
     };
-    using Kind = DatabaseError::Kind;
-    EXPECT_TRUE(FailureToOpen(path, Kind::Missing).contains("cannot be found"));
-    FailureToOpen(program.folder.path(), Kind::Missing);
-    EXPECT_TRUE(failure("Just a text.\n", Kind::NotOurs).contains("not a Quorrel file"));
-    EXPECT_TRUE(failure(QByteArray(5000, 'x'), Kind::NotOurs).contains("not a Quorrel file"));
-    EXPECT_TRUE(failure("", Kind::NotOurs).contains("not a Quorrel file"));
-    EXPECT_TRUE(failure(good.left(60), Kind::Damaged).contains("damaged"));
-    EXPECT_TRUE(failure(Bytes(program.PathOf(kMapFile)), Kind::NotOurs).contains("kind"));
-    EXPECT_TRUE(failure(good.left(good.size() / 2), Kind::Damaged).contains("damaged"));
-    EXPECT_TRUE(failure(good.chopped(1), Kind::Damaged).contains("damaged"));
-    EXPECT_TRUE(failure(good.left(4096) + QByteArray(good.size() - 4096, '\xff'), Kind::Damaged)
+    EXPECT_TRUE(FailureToOpen(path, DatabaseError::Kind::Missing).contains("cannot be found"));
+    FailureToOpen(program.folder.path(), DatabaseError::Kind::Missing);
+    EXPECT_TRUE(
+        failure("Just a text.\n", DatabaseError::Kind::NotOurs).contains("not a Quorrel file"));
+    EXPECT_TRUE(failure(QByteArray(5000, 'x'), DatabaseError::Kind::NotOurs)
+                    .contains("not a Quorrel file"));
+    EXPECT_TRUE(failure("", DatabaseError::Kind::NotOurs).contains("not a Quorrel file"));
+    EXPECT_TRUE(failure(good.left(60), DatabaseError::Kind::Damaged).contains("damaged"));
+    EXPECT_TRUE(
+        failure(Bytes(program.PathOf(kMapFile)), DatabaseError::Kind::NotOurs).contains("kind"));
+    EXPECT_TRUE(
+        failure(good.left(good.size() / 2), DatabaseError::Kind::Damaged).contains("damaged"));
+    EXPECT_TRUE(failure(good.chopped(1), DatabaseError::Kind::Damaged).contains("damaged"));
+    EXPECT_TRUE(failure(good.left(4096) + QByteArray(good.size() - 4096, '\xff'),
+                        DatabaseError::Kind::Damaged)
                     .contains("damaged"));
     QByteArray newer = good;
     newer[63] = 99; // the low byte of the schema version in the header
-    EXPECT_TRUE(failure(newer, Kind::TooNew).contains("newer Quorrel"));
+    EXPECT_TRUE(failure(newer, DatabaseError::Kind::TooNew).contains("newer Quorrel"));
 }
 
 TEST(DatabaseFile, OddPathsWork) {

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 #include <QWidget>
 
@@ -32,6 +33,10 @@ Control* Find(QWidget* form, const char* name) {
     ADD_FAILURE() << form->objectName().toStdString() << " has no " << name << " among "
                   << names.join(u' ').toStdString();
     throw std::logic_error(name);
+}
+
+inline QString LabelText(QWidget* form, const char* name) {
+    return Find<QLabel>(form, name)->text();
 }
 
 inline void Click(QWidget* form, const char* name) {
