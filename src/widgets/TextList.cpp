@@ -114,7 +114,7 @@ void TextList::selectionChanged(const QItemSelection& now, const QItemSelection&
 
 void TextList::focusInEvent(QFocusEvent* event) {
     // Not what a view does otherwise: that makes a line current which nobody chose.
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
     if (Count() == 0)
         emit LinesWanted();

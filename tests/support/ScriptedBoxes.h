@@ -128,7 +128,7 @@ private:
             ADD_FAILURE() << "Unexpected box: " << text.toStdString();
             return {{}, BoxAnswer::Cancel, {}};
         }
-        const Expected expected = m_expected.front();
+        Expected expected = m_expected.front();
         m_expected.pop_front();
         EXPECT_TRUE(text.contains(expected.text))
             << "Expected: " << expected.text.toStdString() << "\nShown: " << text.toStdString();

@@ -47,7 +47,7 @@ public:
 
     /// Creates a system and makes it the session's open one.
     KeySystemRow CreateAndOpen(const NewSystem& system) {
-        const KeySystemRow row = CreateKeySystem(session, system);
+        KeySystemRow row = CreateKeySystem(session, system);
         OpenKeySystem(session, row);
         return row;
     }
