@@ -7,7 +7,7 @@
 namespace quorrel {
 
 /// Characters of the key policy that each of its four fields holds.
-inline constexpr int kPolicyPart = 250;
+inline constexpr qsizetype kPolicyPart = 250;
 
 /// The key policy as one text.
 QString JoinedPolicy(const CompanyInfoRow& row);

@@ -6,7 +6,22 @@
 #include "store/DoorTables.h"
 #include "store/OfSystem.h"
 
+#include <QSet>
+
 namespace quorrel {
+
+QStringList ListHardwareTypes(Session& session) {
+    QStringList types;
+    QSet<QString> known;
+    Recordset<DoorHardwareRow>(session.Keys()).Walk([&](const DoorHardwareRow& door) {
+        if (!door.Text1.isEmpty() && !known.contains(door.Text1)) {
+            known.insert(door.Text1);
+            types.append(door.Text1);
+        }
+        return true;
+    });
+    return types;
+}
 
 bool ReplaceHardware(Session& session, const QString& from, const QString& to, bool allSystems) {
     SystemTransaction transaction(session);

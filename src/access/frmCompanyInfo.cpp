@@ -10,7 +10,7 @@ namespace quorrel {
 
 namespace {
 
-constexpr int kPolicyLength = 4 * kPolicyPart;
+constexpr qsizetype kPolicyLength = 4 * kPolicyPart;
 
 /// What the boxes cannot show as it is stored, such as a line end in a line, is no change: a text
 /// that is as its box was filled is as it was stored.

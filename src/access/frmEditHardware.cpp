@@ -1,7 +1,6 @@
 #include "access/frmEditHardware.h"
 
 #include "access/HardwareDescriptions.h"
-#include "doors/DoorLists.h"
 #include "platform/Text.h"
 #include "ui_frmEditHardware.h"
 #include "widgets/HelpContexts.h"

@@ -21,6 +21,7 @@
 #include "start/frmNetwork.h"
 #include "start/frmStart.h"
 #include "store/DatabaseFiles.h"
+#include "store/WindowPlaces.h"
 #include "systems/KeySystems.h"
 #include "systems/frmCreateFile.h"
 #include "systems/frmOpenFile.h"
@@ -380,6 +381,7 @@ void Program::FinishEnd() {
     for (auto form = m_forms.rbegin(); form != m_forms.rend(); ++form)
         if (form->window)
             form->core->LetGo();
+    SavePlaces(m_session);
     CloseDatabases(m_session);
     emit Ended();
 }

@@ -6,8 +6,6 @@
 #include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace quorrel {
@@ -113,19 +111,6 @@ RowLines SearchKeyableKeys(Session& session, const QString& text) {
             lines.push_back(KeyLine(key, key.Description));
     });
     return lines;
-}
-
-QStringList ListHardwareTypes(Session& session) {
-    QStringList types;
-    QSet<QString> known;
-    Recordset<DoorHardwareRow>(session.Keys()).Walk([&](const DoorHardwareRow& door) {
-        if (!door.Text1.isEmpty() && !known.contains(door.Text1)) {
-            known.insert(door.Text1);
-            types.append(door.Text1);
-        }
-        return true;
-    });
-    return types;
 }
 
 bool IsKeyedTo(const QString& keyLine, const QString& cutsLabel) {

@@ -44,9 +44,6 @@ RowLines ListKeyableKeys(Session& session);
 /// descriptions.
 RowLines SearchKeyableKeys(Session& session, const QString& text);
 
-/// Every type of hardware in the file, of all systems, in the order of first appearance.
-QStringList ListHardwareTypes(Session& session);
-
 /// Whether a door that is assigned to a Key ID is among the doors of the key of a line.
 bool IsKeyedTo(const QString& keyLine, const QString& cutsLabel);
 

@@ -1,5 +1,6 @@
 #include "doors/frmDoors.h"
 
+#include "access/HardwareDescriptions.h"
 #include "doors/DoorAssignment.h"
 #include "platform/Text.h"
 #include "store/Conflict.h"

@@ -405,6 +405,7 @@ std::vector<TakenUnit> TakeBackUnit(Session& session, const ListedKey& key, cons
     const auto user =
         StoredRow<KeyUsersRow>(session.Keys(), holder.key, QStringLiteral("The user of this unit"));
     std::vector<TakenUnit> taken;
+    taken.reserve(units.size());
     for (const UsertoUnitRow& held : units)
         taken.push_back(TakeOut(session, held,
                                 held.UserID == user.UserIDNumber ? std::optional(user)

@@ -6,6 +6,7 @@
 #include "store/DatabaseFiles.h"
 #include "store/StoredPath.h"
 #include "store/SystemTables.h"
+#include "store/WindowPlaces.h"
 
 #include <QDir>
 
@@ -119,6 +120,7 @@ void OpenFiles(Session& session) {
     CloseDatabases(session);
     session.SysinfoDatabase =
         Open(session, PathIn(session.ProgramFolder, QLatin1String(kSysinfoFile)), kSysinfoKind);
+    LoadPlaces(session);
     LoadSystemInfo(session);
     auto keys = Open(session, session.KeySystemPath, kKeySystemKind);
     Recordset<KeySystemRow>(*keys).Count();

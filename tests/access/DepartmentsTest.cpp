@@ -1,6 +1,5 @@
 #include "access/Departments.h"
 #include "access/HardwareDescriptions.h"
-#include "doors/DoorLists.h"
 #include "page/PageView.h"
 #include "platform/Recordset.h"
 #include "platform/Text.h"

@@ -37,36 +37,58 @@ const Rule kRules[] = {
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
     {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};
 
+/// The rooms from the lowest to the highest: a room includes itself and what stands before it.
+const QStringList kRooms = {"engine", "platform",  "store",   "print",   "widgets", "access",
+                            "start",  "pinning",   "systems", "doors",   "holders", "page",
+                            "search", "crosskeys", "maps",    "reports", "app"};
+
 bool Fits(const QString& text, const QString& pattern) {
     return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
 }
 
-TEST(Architecture, IncludesPointDownOnly) {
+/// Calls `visit(name, target)` for each include of each source: "store/Session.h", "<QString>".
+template <class Visit>
+void ForIncludes(Visit&& visit) {
     const QDir root(QStringLiteral(QUORREL_SOURCES "/src"));
     const QRegularExpression include(R"(^\s*#\s*include\s*([<"][^>"]+[>"]))",
                                      QRegularExpression::MultilineOption);
+    QDirIterator files(root.path(), {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        auto matches = include.globalMatch(QString::fromUtf8(file.readAll()));
+        while (matches.hasNext())
+            visit(root.relativeFilePath(file.fileName()), matches.next().captured(1));
+    }
+}
+
+TEST(Architecture, IncludesPointDownOnly) {
     for (const Rule& rule : kRules) {
         int seen = 0;
-        QDirIterator files(root.path(), {"*.h", "*.cpp"}, QDir::Files,
-                           QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            QFile file(files.next());
-            const QString name = root.relativeFilePath(file.fileName());
+        ForIncludes([&](const QString& name, const QString& target) {
             if (!Fits(name, rule.files))
-                continue;
-            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+                return;
+            ++seen;
             const QString own = u'"' + name.left(name.lastIndexOf(u'.')) + ".h\"";
-            auto matches = include.globalMatch(QString::fromUtf8(file.readAll()));
-            while (matches.hasNext()) {
-                const QString target = matches.next().captured(1);
-                ++seen;
-                EXPECT_TRUE(target == own || Fits(target, rule.includes))
-                    << rule.name << ": " << name.toStdString() << " includes "
-                    << target.toStdString();
-            }
-        }
+            EXPECT_TRUE(target == own || Fits(target, rule.includes))
+                << rule.name << ": " << name.toStdString() << " includes " << target.toStdString();
+        });
         EXPECT_GE(seen, rule.atLeast) << rule.name;
     }
+}
+
+TEST(Architecture, RoomsIncludeOnlyWhatStandsBeforeThem) {
+    int seen = 0;
+    ForIncludes([&](const QString& name, const QString& target) {
+        if (!target.startsWith(u'"') || !target.contains(u'/'))
+            return;
+        ++seen;
+        const auto from = kRooms.indexOf(name.section(u'/', 0, 0));
+        const auto to = kRooms.indexOf(target.mid(1).section(u'/', 0, 0));
+        EXPECT_TRUE(to >= 0 && to <= from)
+            << name.toStdString() << " includes " << target.toStdString();
+    });
+    EXPECT_GE(seen, 300);
 }
 
 } // namespace

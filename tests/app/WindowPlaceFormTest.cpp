@@ -1,3 +1,7 @@
+#include "platform/Recordset.h"
+#include "start/Startup.h"
+#include "store/ProgramTables.h"
+#include "store/WindowPlaces.h"
 #include "support/AllForms.h"
 #include "widgets/WindowPlace.h"
 
@@ -60,6 +64,34 @@ TEST(WindowPlaces, AWindowComesBackToWhereItWasAndAsItWas) {
         Click(departments, "cmdExit");
         EXPECT_EQ(main->pos(), place);
         EXPECT_EQ(splitter->sizes(), sizes);
+    }
+}
+
+TEST(WindowPlaces, AreKeptForTheNextRun) {
+    RunningProgram site;
+    QWidget* form = site.OpenMain(StandardSystem("Pier", "2715"));
+    form->move(31, 47);
+    form->resize(form->width() + 20, form->height());
+    const QString place = quorrel::PlaceOf(*form);
+    Choose(form, "mnuFileExit");
+    Click(site.Form("frmExit"), "cmdExit");
+    EXPECT_TRUE(site.ended);
+
+    site.session.Places.clear();
+    QString failure;
+    ASSERT_TRUE(LoadStartupFiles(site.session, failure)) << failure.toStdString();
+    EXPECT_EQ(site.session.Places["frmMain"], place);
+    // A place of this run stands against the stored one, and is stored in place of it.
+    for (const char* now : {"1,2,300,200,0", "3,4,300,200,1"}) {
+        site.session.Places["frmMain"] = QString::fromLatin1(now);
+        SavePlaces(site.session);
+        LoadPlaces(site.session);
+        EXPECT_EQ(site.session.Places["frmMain"], now);
+        const Recordset<WindowPlaceRow> stored(
+            *site.session.SysinfoDatabase,
+            Query<WindowPlaceRow>().Where(&WindowPlaceRow::Form, QStringLiteral("frmMain")));
+        EXPECT_EQ(stored.Count(), 1);
+        EXPECT_EQ(stored.First()->Place, now);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "doors/DoorAssignment.h"
+#include "access/HardwareDescriptions.h"
 #include "doors/DoorLists.h"
 #include "doors/DoorSite.h"
 #include "platform/Text.h"
