@@ -100,7 +100,7 @@ private:
 
     void Centre(const QRectF& room, Qt::AlignmentFlag alignment, const QString& text) {
         if (!m_measured)
-            m_painter.drawText(room, alignment | Qt::AlignVCenter, text);
+            m_painter.drawText(room, text, QTextOption(alignment | Qt::AlignVCenter));
     }
 
     QPainter& m_painter;

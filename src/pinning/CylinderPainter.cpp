@@ -55,7 +55,7 @@ public:
         : m_painter(painter), m_cylinder(cylinder), m_look(look), m_layout(LayOutPins(cylinder)),
           m_map(FitLayout(m_layout, bounds)), m_scale(m_map.m11()), m_words(painter.font()),
           m_figures(painter.font()) {
-        m_words.setPixelSize(std::max(1, static_cast<int>(kWords * m_scale + 0.5)));
+        m_words.setPixelSize(std::max(1, qRound(kWords * m_scale)));
         m_figures.setBold(true);
         m_figures.setHintingPreference(QFont::PreferNoHinting);
         m_figures.setPixelSize(100);
