@@ -145,11 +145,10 @@ void ReplaceHardware(Tour& tour) {
 } // namespace
 
 void WalkBooks(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Lost keys"), [&] { CorrectLostKeys(tour); });
-    walker.Step(QStringLiteral("Returned keys"), [&] { ReadReturnedKeys(tour); });
-    walker.Step(QStringLiteral("Departments"), [&] { RenameDepartment(tour); });
-    walker.Step(QStringLiteral("Hardware descriptions"), [&] { ReplaceHardware(tour); });
+    tour.Take({{"Lost keys", CorrectLostKeys},
+               {"Returned keys", ReadReturnedKeys},
+               {"Departments", RenameDepartment},
+               {"Hardware descriptions", ReplaceHardware}});
 }
 
 } // namespace quorrel::tour

@@ -70,7 +70,8 @@ void AssignDoor(Tour& tour) {
                  QStringLiteral("A window that does not exist is offered"));
 }
 
-void DeleteDoor(Walker& walker) {
+void DeleteDoor(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Type(kLabel, QStringLiteral("Boiler room"));
     walker.ExpectBox(QStringLiteral("Are you sure you want to delete Boiler room?"),
                      QMessageBox::No, QStringLiteral("doors-delete"));
@@ -81,7 +82,8 @@ void DeleteDoor(Walker& walker) {
     walker.Enter("frmMain");
 }
 
-void OpenFromList(Walker& walker) {
+void OpenFromList(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Click(QStringLiteral("ChgKey_0"));
     walker.Click(QStringLiteral("cmdListDoors"));
     walker.ClickLine(QStringLiteral("lstActiveDoors"), 1);
@@ -96,11 +98,10 @@ void OpenFromList(Walker& walker) {
 } // namespace
 
 void WalkDoors(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("New door"), [&] { RecordDoor(tour); });
-    walker.Step(QStringLiteral("Door to key"), [&] { AssignDoor(tour); });
-    walker.Step(QStringLiteral("Door deleted"), [&] { DeleteDoor(walker); });
-    walker.Step(QStringLiteral("Door from list"), [&] { OpenFromList(walker); });
+    tour.Take({{"New door", RecordDoor},
+               {"Door to key", AssignDoor},
+               {"Door deleted", DeleteDoor},
+               {"Door from list", OpenFromList}});
 }
 
 } // namespace quorrel::tour

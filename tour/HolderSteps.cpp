@@ -31,7 +31,8 @@ void KeepHolders(Tour& tour) {
     walker.CheckText(QStringLiteral("txtLastName"), QStringLiteral("O'Malley"));
 }
 
-void IssueAndAssign(Walker& walker) {
+void IssueAndAssign(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.ClickLine(QStringLiteral("lstKeyIDs"), QStringLiteral("A1-101"));
     walker.Type(QStringLiteral("txtUnitID"), QStringLiteral("1"));
     walker.Type(QStringLiteral("txtLastUnitID"), QStringLiteral("12"));
@@ -46,7 +47,8 @@ void IssueAndAssign(Walker& walker) {
     walker.Picture(QStringLiteral("holders-units"));
 }
 
-void TakeBack(Walker& walker) {
+void TakeBack(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.ClickLine(QStringLiteral("lstKeyUsers"), QStringLiteral("4 - "));
     walker.ExpectInput(QStringLiteral("left the school"), QStringLiteral("holders-note"));
     walker.Click(QStringLiteral("cmdRemove"));
@@ -68,10 +70,9 @@ void TakeBack(Walker& walker) {
 } // namespace
 
 void WalkHolders(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Key users"), [&] { KeepHolders(tour); });
-    walker.Step(QStringLiteral("Key units"), [&] { IssueAndAssign(walker); });
-    walker.Step(QStringLiteral("Returns and losses"), [&] { TakeBack(walker); });
+    tour.Take({{"Key users", KeepHolders},
+               {"Key units", IssueAndAssign},
+               {"Returns and losses", TakeBack}});
 }
 
 } // namespace quorrel::tour

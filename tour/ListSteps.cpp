@@ -76,7 +76,8 @@ void ShowLists(Tour& tour) {
     walker.Picture(QStringLiteral("page-lists-of-key"));
 }
 
-void ShowMenus(Walker& walker) {
+void ShowMenus(Tour& tour) {
+    Walker& walker = tour.walker;
     for (const char* menu : {"mnuFile", "mnuUsers", "mnuAssign", "mnuFind", "mnuHelp"})
         walker.PictureOfMenu(menu, QStringLiteral("menu-") + QLatin1String(menu).mid(3).toString());
 }
@@ -84,8 +85,7 @@ void ShowMenus(Walker& walker) {
 } // namespace
 
 void WalkLists(Tour& tour) {
-    tour.walker.Step(QStringLiteral("Lists"), [&] { ShowLists(tour); });
-    tour.walker.Step(QStringLiteral("Menus"), [&] { ShowMenus(tour.walker); });
+    tour.Take({{"Lists", ShowLists}, {"Menus", ShowMenus}});
 }
 
 } // namespace quorrel::tour

@@ -11,6 +11,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -96,10 +97,15 @@ void Select(Walker& walker, const Look& look) {
 /// Gives the main form the room that it has on a usual screen.
 void EnterMain(Walker& walker) {
     walker.Enter("frmMain");
-    walker.Window().resize(1340, 720);
+    QWidget& main = walker.Window();
+    const QRect screen = main.screen()->availableGeometry();
+    const QSize frame = main.frameSize() - main.size();
+    main.move(screen.topLeft());
+    main.resize(QSize(1340, 720).boundedTo(screen.size() - frame));
 }
 
-void ShowLayouts(Walker& walker) {
+void ShowLayouts(Tour& tour) {
+    Walker& walker = tour.walker;
     EnterMain(walker);
     const auto& grid = walker.Find<PageGrid>(QStringLiteral("grdPage"));
     const auto& cell = walker.Find<KeyCell>(NameOf(0));
@@ -114,7 +120,8 @@ void ShowLayouts(Walker& walker) {
     walker.Picture(QStringLiteral("page-large"));
 }
 
-void ShowLegend(Walker& walker) {
+void ShowLegend(Tour& tour) {
+    Walker& walker = tour.walker;
     const auto& legend = walker.Find<QGroupBox>(QStringLiteral("frmLegend"));
     walker.Click(QStringLiteral("cmdLegend"));
     walker.Check(legend.isVisible(), QStringLiteral("The legend does not come"));
@@ -123,7 +130,8 @@ void ShowLegend(Walker& walker) {
     walker.Check(!legend.isVisible(), QStringLiteral("The legend does not go"));
 }
 
-void SelectKinds(Walker& walker) {
+void SelectKinds(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Check(!walker.Find(QStringLiteral("lblGrandMaster")).isVisible(),
                  QStringLiteral("Six pins show the level of seven"));
     walker.CheckText(QStringLiteral("lblSystemMaster"), QStringLiteral("Grand Master"));
@@ -134,7 +142,8 @@ void SelectKinds(Walker& walker) {
                      .arg(walker.TextOf(QStringLiteral("lblCuts"))));
 }
 
-void SelectNotRecommended(Walker& walker) {
+void SelectNotRecommended(Tour& tour) {
+    Walker& walker = tour.walker;
     std::optional<int> found;
     for (int cell = 0; cell < kPageCells && !found; ++cell)
         if (!IsMasterPosition(cell) && StateOf(walker, cell) >= cellstate::kNotRecommended)
@@ -144,7 +153,8 @@ void SelectNotRecommended(Walker& walker) {
     walker.CheckContains(QStringLiteral("lblCuts"), QStringLiteral("*"));
 }
 
-void MoveByArrows(Walker& walker) {
+void MoveByArrows(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Click(NameOf(0));
     walker.Find<KeyCell>(NameOf(0)).setFocus();
     walker.Press(NameOf(0), Qt::Key_Down);
@@ -159,7 +169,8 @@ void MoveByArrows(Walker& walker) {
 }
 
 /// Gives keys a record by typing, each saved by the click on the next.
-void LabelKeys(Walker& walker) {
+void LabelKeys(Tour& tour) {
+    Walker& walker = tour.walker;
     const struct {
         int cell;
         const char *keyID, *description;
@@ -192,7 +203,8 @@ void LabelKeys(Walker& walker) {
     walker.CheckText(QStringLiteral("txtKeyID"), QStringLiteral("A1-101"));
 }
 
-void TurnPages(Walker& walker) {
+void TurnPages(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Click(NameOf(104));
     const QString first = walker.TextOf(QStringLiteral("lblCuts"));
     walker.Press(Qt::Key_PageDown);
@@ -207,7 +219,8 @@ void TurnPages(Walker& walker) {
     walker.CheckText(QStringLiteral("lblCuts"), first);
 }
 
-void ShowSevenPins(Walker& walker) {
+void ShowSevenPins(Tour& tour) {
+    Walker& walker = tour.walker;
     EnterMain(walker);
     walker.Check(walker.Find(QStringLiteral("lblGrandMaster")).isVisible(),
                  QStringLiteral("Seven pins lack their uppermost level"));
@@ -222,7 +235,8 @@ void ReadHelp(Tour& tour) {
     CheckHelp(tour, "frmMain", help::kMainPage, QStringLiteral("help-main-page"));
 }
 
-void SearchHelp(Walker& walker) {
+void SearchHelp(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.ChooseFromMenu("mnuHelp", "mnuHelpIndex");
     walker.Enter("frmHelp");
     const auto& list = walker.Find<QListWidget>(QStringLiteral("lstTopics"));
@@ -244,7 +258,8 @@ void SearchHelp(Walker& walker) {
 }
 
 /// Each topic as the window renders it.
-void ReadAllTopics(Walker& walker) {
+void ReadAllTopics(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.ChooseFromMenu("mnuHelp", "mnuHelpContents");
     walker.Enter("frmHelp");
     const auto& list = walker.Find<QListWidget>(QStringLiteral("lstTopics"));
@@ -275,7 +290,8 @@ void ShowAbout(Tour& tour) {
     walker.Enter("frmMain");
 }
 
-void ChangeCompany(Walker& walker) {
+void ChangeCompany(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.ChooseFromMenu("mnuUsers", "mnuCompanyInfo");
     walker.Enter("frmCompanyInfo");
     walker.CheckText(QStringLiteral("txtCompanyName"), QStringLiteral("Harbour Lock & Safe"));
@@ -354,28 +370,26 @@ void CancelExit(Tour& tour) {
 } // namespace
 
 void WalkPages(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Layouts"), [&] { ShowLayouts(walker); });
-    walker.Step(QStringLiteral("Legend"), [&] { ShowLegend(walker); });
-    walker.Step(QStringLiteral("Kinds of keys"), [&] { SelectKinds(walker); });
-    walker.Step(QStringLiteral("Not recommended"), [&] { SelectNotRecommended(walker); });
-    walker.Step(QStringLiteral("Arrow keys"), [&] { MoveByArrows(walker); });
-    walker.Step(QStringLiteral("Paging"), [&] { TurnPages(walker); });
-    walker.Step(QStringLiteral("Key records"), [&] { LabelKeys(walker); });
+    tour.Take({{"Layouts", ShowLayouts},
+               {"Legend", ShowLegend},
+               {"Kinds of keys", SelectKinds},
+               {"Not recommended", SelectNotRecommended},
+               {"Arrow keys", MoveByArrows},
+               {"Paging", TurnPages},
+               {"Key records", LabelKeys}});
 }
 
 void WalkAside(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Seven pins"), [&] { ShowSevenPins(walker); });
-    walker.Step(QStringLiteral("Help"), [&] { ReadHelp(tour); });
-    walker.Step(QStringLiteral("Help search"), [&] { SearchHelp(walker); });
-    walker.Step(QStringLiteral("Help topics"), [&] { ReadAllTopics(walker); });
-    walker.Step(QStringLiteral("About"), [&] { ShowAbout(tour); });
-    walker.Step(QStringLiteral("Company again"), [&] { ChangeCompany(walker); });
-    walker.Step(QStringLiteral("Permissions"), [&] { ShowPermissions(tour); });
-    walker.Step(QStringLiteral("Network settings"), [&] { ShowSettings(tour); });
-    walker.Step(QStringLiteral("Left alone"), [&] { LeaveAlone(tour); });
-    walker.Step(QStringLiteral("Exit cancelled"), [&] { CancelExit(tour); });
+    tour.Take({{"Seven pins", ShowSevenPins},
+               {"Help", ReadHelp},
+               {"Help search", SearchHelp},
+               {"Help topics", ReadAllTopics},
+               {"About", ShowAbout},
+               {"Company again", ChangeCompany},
+               {"Permissions", ShowPermissions},
+               {"Network settings", ShowSettings},
+               {"Left alone", LeaveAlone},
+               {"Exit cancelled", CancelExit}});
 }
 
 } // namespace quorrel::tour

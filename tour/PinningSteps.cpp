@@ -37,7 +37,8 @@ void ShowStandardChart(Tour& tour) {
     walker.Enter("frmMain");
 }
 
-void CreateCore(Walker& walker) {
+void CreateCore(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.ChooseFromMenu("mnuFile", "mnuFileNew");
     walker.Enter("frmCreateFile");
     walker.Type(QStringLiteral("txtSystemName"), kCoreName);
@@ -51,7 +52,8 @@ void CreateCore(Walker& walker) {
     walker.CheckText(QStringLiteral("lblControlKey"), QStringLiteral("5273940"));
 }
 
-void PrintCoreChart(Walker& walker) {
+void PrintCoreChart(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Click(QStringLiteral("ChgKey_6"));
     walker.Type(QStringLiteral("txtKeyID"), QStringLiteral("F-2"));
     walker.Click(QStringLiteral("ChgKey_0"));
@@ -80,13 +82,11 @@ void PrintCoreChart(Walker& walker) {
 } // namespace
 
 void WalkPinning(Tour& tour) {
-    tour.walker.Step(QStringLiteral("Pinning chart"), [&] { ShowStandardChart(tour); });
+    tour.Take({{"Pinning chart", ShowStandardChart}});
 }
 
 void WalkCore(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Core system"), [&] { CreateCore(walker); });
-    walker.Step(QStringLiteral("Core chart"), [&] { PrintCoreChart(walker); });
+    tour.Take({{"Core system", CreateCore}, {"Core chart", PrintCoreChart}});
 }
 
 } // namespace quorrel::tour

@@ -46,7 +46,8 @@ QString PaintLogo(const QString& folder) {
     return path;
 }
 
-void WatchSplash(Walker& walker) {
+void WatchSplash(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Enter("frmStart");
     walker.CheckText(QStringLiteral("lblTitle"), QStringLiteral("Quorrel"));
     // The key has turned far enough to be seen as one.
@@ -141,11 +142,10 @@ void CheckHelp(Tour& tour, const char* window, int context, const QString& pictu
 }
 
 void WalkStart(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Splash"), [&] { WatchSplash(walker); });
-    walker.Step(QStringLiteral("First run"), [&] { ReadWelcome(tour); });
-    walker.Step(QStringLiteral("Company"), [&] { FillCompany(tour); });
-    walker.Step(QStringLiteral("Log on"), [&] { LogOn(tour); });
+    tour.Take({{"Splash", WatchSplash},
+               {"First run", ReadWelcome},
+               {"Company", FillCompany},
+               {"Log on", LogOn}});
 }
 
 } // namespace quorrel::tour

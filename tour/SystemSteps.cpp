@@ -38,7 +38,8 @@ void PreviewSystem(Tour& tour) {
     walker.Picture(QStringLiteral("create-preview"));
 }
 
-void RefuseVariance(Walker& walker) {
+void RefuseVariance(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Type(QStringLiteral("txtIncrement"), QStringLiteral("1"));
     walker.ExpectBox(QStringLiteral("pin variance of 5"), QMessageBox::Ok,
                      QStringLiteral("create-pin-variance"));
@@ -47,7 +48,8 @@ void RefuseVariance(Walker& walker) {
     CheckPreview(walker, 4096, 64);
 }
 
-void TakeRandomMaster(Walker& walker) {
+void TakeRandomMaster(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Type(QStringLiteral("txtMasterKey"), QString());
     walker.CheckText(QStringLiteral("txtMasterKey"), QString());
     walker.Click(QStringLiteral("cmdRandomMaster"));
@@ -60,7 +62,8 @@ void TakeRandomMaster(Walker& walker) {
     walker.Picture(QStringLiteral("create-random-master"));
 }
 
-void ShowTypes(Walker& walker) {
+void ShowTypes(Tour& tour) {
+    Walker& walker = tour.walker;
     const auto visible = [&](const char* control) {
         return walker.Find(QLatin1String(control)).isVisible();
     };
@@ -79,7 +82,8 @@ void ShowTypes(Walker& walker) {
                  QStringLiteral("Standard shows a field of the other types"));
 }
 
-void RefuseNameless(Walker& walker) {
+void RefuseNameless(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Type(QStringLiteral("txtMasterKey"), QStringLiteral("395172"));
     walker.ExpectBox(QStringLiteral("There has been an error in Pre-Creation Process"),
                      QMessageBox::Ok, QStringLiteral("create-refused"));
@@ -88,7 +92,8 @@ void RefuseNameless(Walker& walker) {
     walker.CheckFocus(QStringLiteral("txtSystemName"));
 }
 
-void LearnBrand(Walker& walker) {
+void LearnBrand(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Type(QStringLiteral("txtLockBrand"), QStringLiteral("Tidewater"));
     walker.Press(QStringLiteral("txtLockBrand"), Qt::Key_Tab);
     walker.Enter("frmManufacturer");
@@ -104,7 +109,8 @@ void LearnBrand(Walker& walker) {
     walker.Enter("frmCreateFile");
 }
 
-void CreateFirst(Walker& walker) {
+void CreateFirst(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Type(QStringLiteral("txtSystemName"), kFirstName);
     walker.Type(QStringLiteral("txtSystemAddress"), QStringLiteral("3 Chapel Lane, Port Ellery"));
     walker.Type(QStringLiteral("txtNotes"),
@@ -150,7 +156,7 @@ void CheckList(Walker& walker) {
     walker.Check(list.CurrentRow() == 0, QStringLiteral("The first system is not selected"));
 }
 
-void OpenFromList(Tour& tour) {
+void OpenSystemFromList(Tour& tour) {
     Walker& walker = tour.walker;
     walker.ChooseFromMenu("mnuFile", "mnuFileOpen");
     CheckList(walker);
@@ -168,7 +174,8 @@ void OpenFromList(Tour& tour) {
     walker.CheckText(QStringLiteral("lblCurrentPage"), QStringLiteral("1"));
 }
 
-void Exit(Walker& walker) {
+void Exit(Tour& tour) {
+    Walker& walker = tour.walker;
     walker.Click(QStringLiteral("cmdExit"));
     walker.Enter("frmExit");
     walker.Click(QStringLiteral("cmdExit"));
@@ -179,24 +186,21 @@ void Exit(Walker& walker) {
 } // namespace
 
 void WalkFirstSystem(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("Preview"), [&] { PreviewSystem(tour); });
-    walker.Step(QStringLiteral("Pin variance"), [&] { RefuseVariance(walker); });
-    walker.Step(QStringLiteral("Random master"), [&] { TakeRandomMaster(walker); });
-    walker.Step(QStringLiteral("System types"), [&] { ShowTypes(walker); });
-    walker.Step(QStringLiteral("Refused creation"), [&] { RefuseNameless(walker); });
-    walker.Step(QStringLiteral("New brand"), [&] { LearnBrand(walker); });
-    walker.Step(QStringLiteral("Creation"), [&] { CreateFirst(walker); });
+    tour.Take({{"Preview", PreviewSystem},
+               {"Pin variance", RefuseVariance},
+               {"Random master", TakeRandomMaster},
+               {"System types", ShowTypes},
+               {"Refused creation", RefuseNameless},
+               {"New brand", LearnBrand},
+               {"Creation", CreateFirst}});
 }
 
 void WalkSecondSystem(Tour& tour) {
-    tour.walker.Step(QStringLiteral("Second system"), [&] { CreateSecond(tour); });
+    tour.Take({{"Second system", CreateSecond}});
 }
 
 void WalkListAndExit(Tour& tour) {
-    Walker& walker = tour.walker;
-    walker.Step(QStringLiteral("List of systems"), [&] { OpenFromList(tour); });
-    walker.Step(QStringLiteral("Exit"), [&] { Exit(walker); });
+    tour.Take({{"List of systems", OpenSystemFromList}, {"Exit", Exit}});
 }
 
 } // namespace quorrel::tour

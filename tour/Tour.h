@@ -4,12 +4,23 @@
 
 #include "store/Session.h"
 
+#include <initializer_list>
+#include <utility>
+
 namespace quorrel::tour {
 
 /// What the steps of the tour share.
 struct Tour {
+    using Steps = std::initializer_list<std::pair<const char*, void (*)(Tour&)>>;
+
     Walker& walker;
     Session& session;
+
+    /// Takes steps in their order, each under its name.
+    void Take(const Steps& steps) {
+        for (const auto& [name, step] : steps)
+            walker.Step(QLatin1String(name), [this, step = step] { step(*this); });
+    }
 };
 
 /// Presses F1 in the window and checks that the help shows the topic of a context number.

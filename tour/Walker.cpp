@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTextBrowser>
 
@@ -31,6 +32,14 @@ constexpr int kLook = 25;        // milliseconds
 QWidget& Typable(QWidget& control) {
     auto* combo = qobject_cast<QComboBox*>(&control);
     return combo && combo->lineEdit() ? *combo->lineEdit() : control;
+}
+
+/// Whether a control lies in an area that scrolls.
+bool Scrolls(const QWidget& control) {
+    for (const QWidget* at = control.parentWidget(); at; at = at->parentWidget())
+        if (qobject_cast<const QAbstractScrollArea*>(at))
+            return true;
+    return false;
 }
 
 } // namespace
@@ -84,6 +93,21 @@ void Walker::Enter(const char* window) {
     Check(QTest::qWaitForWindowExposed(m_window.data(), kPatience), name + " is not exposed");
     Activate();
     Settle();
+    CheckFit();
+}
+
+/// A control may lie outside only where it can be scrolled to.
+void Walker::CheckFit() const {
+    const QRect screen = Window().screen()->availableGeometry();
+    Check(screen.contains(Window().frameGeometry()),
+          Window().objectName() + " does not lie wholly on the screen");
+    for (const QWidget* control : Window().findChildren<QWidget*>()) {
+        if (control->window() != m_window || !control->isVisible() || Scrolls(*control))
+            continue;
+        const QRect place(control->mapTo(m_window.data(), QPoint()), control->size());
+        Check(Window().rect().contains(place),
+              control->objectName() + " lies outside " + Window().objectName());
+    }
 }
 
 void Walker::ExpectGone(const char* window) {

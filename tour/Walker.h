@@ -32,7 +32,8 @@ public:
     /// Takes one step of the way; a failure within it is told with the step's name.
     void Step(const QString& name, const std::function<void()>& walk);
 
-    /// Waits for a window to be shown. All that follows happens in it.
+    /// Waits for a window to be shown, wholly on the screen with all that is in it. All that
+    /// follows happens in it.
     void Enter(const char* window);
 
     /// Waits for a window to be gone from the screen.
@@ -93,6 +94,8 @@ public:
     QString TextOf(const QString& control) const;
 
 private:
+    void CheckFit() const;
+
     enum class Dialog { Box, Files, Input };
     struct Expected {
         Dialog dialog;

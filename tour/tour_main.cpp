@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFile>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 
@@ -84,6 +85,16 @@ void Darken() {
     QApplication::setPalette(palette);
 }
 
+/// Where no display is wanted, one without glass, as large as a usual screen.
+void UseNoDisplay(const QTemporaryDir& folder) {
+    QFile screens(folder.filePath(QStringLiteral("screens.json")));
+    if (!screens.open(QFile::WriteOnly))
+        throw WalkFailed(screens.errorString());
+    screens.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1440, "height": 900,
+                      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toLocal8Bit());
+}
+
 void Walk(const Options& options) {
     QTemporaryDir folder;
     LayOutProgramFolder(options.delivered, folder.path());
@@ -117,8 +128,9 @@ void Walk(const Options& options) {
 int main(int argc, char** argv) {
     try {
         const Options options = ReadOptions(argc, argv);
+        const QTemporaryDir folder;
         if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+            UseNoDisplay(folder);
         qInstallMessageHandler(Tell);
         if (!options.scale.isEmpty())
             qputenv("QT_SCALE_FACTOR", options.scale.toLatin1());

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace quorrel {
 
@@ -19,14 +20,19 @@ bool SameAccount(const ProgramUsersRow& one, const ProgramUsersRow& other) {
            one.Password == other.Password && RightsOf(one) == RightsOf(other);
 }
 
+/// Where each right stands, in an account and in what its user may do.
+constexpr std::pair<bool ProgramUsersRow::*, bool Permissions::*> kRights[] = {
+    {&ProgramUsersRow::CreateSystem, &Permissions::CreateSystem},
+    {&ProgramUsersRow::ReadPrintPinning, &Permissions::ReadPrintPinning},
+    {&ProgramUsersRow::IssueKeys, &Permissions::IssueKeys},
+    {&ProgramUsersRow::AddEditProgramUsers, &Permissions::AddEditProgramUsers},
+    {&ProgramUsersRow::AddEditKeyUsers, &Permissions::AddEditKeyUsers},
+    {&ProgramUsersRow::AlterKeyInformation, &Permissions::AlterKeyInformation},
+    {&ProgramUsersRow::RunReports, &Permissions::RunReports}};
+
 void GiveRights(ProgramUsersRow& account, const Permissions& rights) {
-    account.CreateSystem = rights.CreateSystem;
-    account.ReadPrintPinning = rights.ReadPrintPinning;
-    account.IssueKeys = rights.IssueKeys;
-    account.AddEditProgramUsers = rights.AddEditProgramUsers;
-    account.AddEditKeyUsers = rights.AddEditKeyUsers;
-    account.AlterKeyInformation = rights.AlterKeyInformation;
-    account.RunReports = rights.RunReports;
+    for (const auto& [stored, held] : kRights)
+        account.*stored = rights.*held;
 }
 
 /// Whether a name cannot be given to an account. `own` is the account's key, 0 for a new one.
@@ -116,13 +122,8 @@ int NextProgramUserID(Session& session) {
 
 Permissions RightsOf(const ProgramUsersRow& account) {
     Permissions rights;
-    rights.CreateSystem = account.CreateSystem;
-    rights.ReadPrintPinning = account.ReadPrintPinning;
-    rights.IssueKeys = account.IssueKeys;
-    rights.AddEditProgramUsers = account.AddEditProgramUsers;
-    rights.AddEditKeyUsers = account.AddEditKeyUsers;
-    rights.AlterKeyInformation = account.AlterKeyInformation;
-    rights.RunReports = account.RunReports;
+    for (const auto& [stored, held] : kRights)
+        rights.*held = account.*stored;
     return rights;
 }
 

@@ -160,12 +160,7 @@ void frmPermissions::Save() {
             return;
         outcome = SaveProgramUser(m_session, typed, std::nullopt);
     }
-    if (outcome.kind == UserOutcome::Kind::Changed)
-        return TellChange(*outcome.present);
-    if (outcome.kind == UserOutcome::Kind::Refused)
-        return Tell(outcome.text);
-    FillUsers();
-    ShowNewUser();
+    Take(outcome);
 }
 
 void frmPermissions::Delete() {
@@ -175,8 +170,10 @@ void frmPermissions::Delete() {
             tr("Are you sure you want to delete %1?").arg(m_opened->UserName),
             m_session.ProgramTitle))
         return;
-    const UserOutcome outcome =
-        DeleteProgramUser(m_session, Typed(ui->cmbUser->currentText()), *m_opened);
+    Take(DeleteProgramUser(m_session, Typed(ui->cmbUser->currentText()), *m_opened));
+}
+
+void frmPermissions::Take(const UserOutcome& outcome) {
     if (outcome.kind == UserOutcome::Kind::Changed)
         return TellChange(*outcome.present);
     if (outcome.kind == UserOutcome::Kind::Refused)

@@ -45,6 +45,7 @@ private:
     void Add();
     void Save();
     void Delete();
+    void Take(const UserOutcome& outcome);
     void Tell(const QString& text);
     void TellChange(const ProgramUsersRow& present);
     void ToggleAutoLogoff();

@@ -331,7 +331,8 @@ void Program::ShowLogoff() {
 HelpWindow& Program::Help() {
     if (!m_help)
         m_help =
-            std::make_unique<HelpWindow>(PathIn(m_session.ProgramFolder, QLatin1String(kHelpFile)));
+            std::make_unique<HelpWindow>(PathIn(m_session.ProgramFolder, QLatin1String(kHelpFile)),
+                                         m_session.Places[QStringLiteral("frmHelp")]);
     return *m_help;
 }
 
@@ -365,6 +366,8 @@ void Program::End() {
     if (std::exchange(m_ended, true))
         return;
     m_session.boxes.End();
+    if (m_help)
+        m_help->hide();
     m_help.reset();
     for (const Loaded& form : m_forms)
         if (form.window)

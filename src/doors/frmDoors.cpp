@@ -139,17 +139,33 @@ bool frmDoors::eventFilter(QObject* watched, QEvent* event) {
     return Form::eventFilter(watched, event);
 }
 
-/// No button is the usual one: only its own click saves. In a box the Enter key leads on to the
-/// next, on a button it is the click.
+/// No button is the usual one: only its own click saves. In a box of the record the Enter key leads
+/// on to the next one, on a button it is the click. It never leads to a button, so that whoever
+/// presses it once more than needed, or holds it, sets nothing going.
 void frmDoors::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         Form::keyPressEvent(event);
         return;
     }
-    if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (button && !event->isAutoRepeat())
         button->click();
-    else
-        focusNextChild();
+    else if (!button && ui->frDoor->isAncestorOf(focusWidget()))
+        LeadOn();
+}
+
+/// To the next box of the record; from its last one nowhere.
+void frmDoors::LeadOn() {
+    const QWidget* from = focusWidget();
+    for (QWidget* next = from->nextInFocusChain(); next != from; next = next->nextInFocusChain()) {
+        if (!next->isVisible() || !next->isEnabled() || !(next->focusPolicy() & Qt::TabFocus) ||
+            next->focusProxy() || from->isAncestorOf(next) || next->isAncestorOf(from))
+            continue;
+        if (!ui->frDoor->isAncestorOf(next) || qobject_cast<QPushButton*>(next))
+            return;
+        next->setFocus(Qt::TabFocusReason);
+        return;
+    }
 }
 
 void frmDoors::Activated() {

@@ -55,6 +55,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void LeadOn();
+
     /// A list and the rows that its lines stand for.
     struct RowList {
         TextList* list = nullptr;

@@ -1,5 +1,7 @@
 #include "widgets/HelpWindow.h"
 
+#include "widgets/WindowPlace.h"
+
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -34,9 +36,9 @@ void SetTables(QTextDocument& text, const QColor& lines) {
 
 } // namespace
 
-HelpWindow::HelpWindow(const QString& helpFile)
-    : m_topics(ReadHelpTopics(helpFile)), m_search(new QLineEdit), m_list(new QListWidget),
-      m_text(new QTextBrowser) {
+HelpWindow::HelpWindow(const QString& helpFile, QString& place)
+    : m_place(place), m_topics(ReadHelpTopics(helpFile)), m_search(new QLineEdit),
+      m_list(new QListWidget), m_text(new QTextBrowser) {
     setObjectName(QStringLiteral("frmHelp"));
     setWindowTitle(tr("Quorrel - Help"));
     m_search->setObjectName(QStringLiteral("txtSearch"));
@@ -55,6 +57,7 @@ HelpWindow::HelpWindow(const QString& helpFile)
     leftLayout->addWidget(m_search);
     leftLayout->addWidget(m_list);
     auto* splitter = new QSplitter;
+    splitter->setObjectName(QStringLiteral("splHelp"));
     splitter->addWidget(left);
     splitter->addWidget(m_text);
     splitter->setStretchFactor(1, 1);
@@ -115,9 +118,16 @@ void HelpWindow::ShowRow(int row) {
 }
 
 void HelpWindow::ComeUp() {
+    if (!isVisible())
+        PlaceWindow(*this, m_place, {0.5, 0.25});
     show();
     raise();
     activateWindow();
+}
+
+void HelpWindow::hideEvent(QHideEvent* event) {
+    m_place = PlaceOf(*this);
+    QWidget::hideEvent(event);
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {

@@ -16,7 +16,9 @@ class HelpWindow : public QWidget {
     Q_OBJECT
 
 public:
-    explicit HelpWindow(const QString& helpFile);
+    /// `place` is where it stands when it shows, as `PlaceOf` has it; hidden, it keeps its place
+    /// there, so that it must outlive the window.
+    HelpWindow(const QString& helpFile, QString& place);
 
     /// Shows the topic of a context number; the first one when the file has no such topic.
     void ShowTopic(int context);
@@ -26,12 +28,14 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void FilterTopics(const QString& words);
     void ShowRow(int row);
     void ComeUp();
 
+    QString& m_place;
     std::vector<HelpTopic> m_topics;
     QLineEdit* m_search;
     QListWidget* m_list;

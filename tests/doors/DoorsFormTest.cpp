@@ -386,8 +386,12 @@ TEST_F(FrmDoors, OnlyTheSaveButtonSaves) {
         Find<QWidget>(form, box)->setFocus();
         QTest::keyClick(form->focusWidget(), Qt::Key_Return);
         EXPECT_EQ(Focus(), next);
+        for (int more = 0; more < 10; ++more)
+            QTest::keyClick(form->focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(Focus().startsWith("cmd")) << "a button is reached from " << box;
     }
     EXPECT_EQ(site.Doors().size(), 1U);
+    EXPECT_EQ(site.KeysOfDoors(), QStringList(QString(8, u' ')));
     EXPECT_EQ(LabelText(), "A2");
     EXPECT_FALSE(Box("ckKeyed")->isChecked());
     Find<QWidget>(form, "cmdSave")->setFocus();

@@ -23,6 +23,12 @@ void ClickCell(QWidget* main, int cell) {
     Click(main, ("ChgKey_" + std::to_string(cell)).c_str());
 }
 
+/// Types a Key ID for a cell's key, which the next click on a cell stores.
+void TypeKeyID(QWidget* main, int cell, const char* keyID) {
+    ClickCell(main, cell);
+    Type(main, "txtKeyID", keyID);
+}
+
 /// Gives keys of the open file a Key ID and a description.
 void LabelKeys(RunningProgram& run, const std::map<int, QString>& labelOfPosition) {
     for (PatternsRow& row : Recordset<PatternsRow>(run.session.Keys()).Rows()) {
@@ -175,8 +181,7 @@ PatternsRow RowOf(RunningProgram& run, int position) {
 TEST(FrmMain, LeavingAKeySavesItsRecord) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "front");
+    TypeKeyID(main, 6, "front");
     QTest::keyClick(Find<QLineEdit>(main, "txtKeyID"), Qt::Key_Return);
     EXPECT_EQ(Find<QLineEdit>(main, "txtKeyID")->text(), "FRONT");
     QTest::keyClicks(main->focusWidget(), "caretakers");
@@ -211,11 +216,9 @@ TEST(FrmMain, LeavingAKeySavesItsRecord) {
 TEST(FrmMain, ABlankTakesTheKeyIDAway) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "gone");
+    TypeKeyID(main, 6, "gone");
     ClickCell(main, 7);
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "   ");
+    TypeKeyID(main, 6, "   ");
     run.boxes.Expect("Are you sure you want to save changes to this record?", BoxAnswer::Yes);
     ClickCell(main, 7);
     EXPECT_TRUE(Recordset<AllKeysRow>(run.session.Keys()).Empty());
@@ -226,8 +229,7 @@ TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
     auto* bar = Find<QScrollBar>(main, "scrlPage");
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "a");
+    TypeKeyID(main, 6, "a");
     run.boxes.Expect("A Key ID of one character is stored by a click on another key",
                      BoxAnswer::No);
     bar->setValue(2);
@@ -236,8 +238,7 @@ TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
     bar->setValue(2);
     EXPECT_EQ(RowOf(run, 6).Label, QString(19, ' '));
     bar->setValue(1);
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "a1");
+    TypeKeyID(main, 6, "a1");
     emit bar->sliderMoved(3); // The number moves ahead of the page while the slider is dragged.
     bar->setValue(3);
     EXPECT_EQ(RowOf(run, 6).Label, "A1          ");
@@ -247,10 +248,8 @@ TEST(FrmMain, PageChangeSavesTwoCharactersAndNotOne) {
 TEST(FrmMain, ARefusedRecordIsToldAndAFailureKeepsTheText) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "one");
-    ClickCell(main, 7);
-    Type(main, "txtKeyID", "one");
+    TypeKeyID(main, 6, "one");
+    TypeKeyID(main, 7, "one");
     run.boxes.Expect("That Key Label is unavailable, Choose another one");
     ClickCell(main, 8);
     EXPECT_EQ(RowOf(run, 7).Label, QString(19, ' '));
@@ -344,8 +343,7 @@ TEST(FrmMain, LookingAroundStoresAndOffersNothing) {
 TEST(FrmMain, ARenameIsAskedAboutHoweverTheKeyCameUp) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "front");
+    TypeKeyID(main, 6, "front");
     ClickCell(main, 7);
     ClickCell(main, 6);
     const auto refuse = [&] {
@@ -403,8 +401,7 @@ TEST(FrmMain, AFailedSaveKeepsTheTextAndLeavesAWayOut) {
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
     run.session.Keys().Execute("CREATE TRIGGER \"Full\" BEFORE INSERT ON \"AllKeys\" BEGIN "
                                "SELECT RAISE(ABORT, 'no room'); END");
-    ClickCell(main, 6);
-    Type(main, "txtKeyID", "front");
+    TypeKeyID(main, 6, "front");
     for (int attempt = 0; attempt < 2; ++attempt) {
         run.boxes.Expect("Leave it without saving?", BoxAnswer::No);
         main->close();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <random>
+#include <sstream>
 
 namespace quorrel::test {
 namespace {
@@ -13,14 +14,14 @@ namespace {
 using Kind = PlacedFigure::Kind;
 
 std::string Told(const Cylinder& cylinder) {
-    std::string told = cylinder.core ? "core" : "cylinder";
-    told += " with " + cylinder.key + " in it:";
+    std::ostringstream told;
+    told << (cylinder.core ? "core" : "cylinder") << " with " << cylinder.key << " in it:";
     for (const PinStack& stack : cylinder.stacks) {
-        told += " " + std::to_string(stack.bottom);
+        told << ' ' << stack.bottom;
         for (const int wafer : stack.wafers)
-            told += "+" + std::to_string(wafer);
+            told << '+' << wafer;
     }
-    return told;
+    return told.str();
 }
 
 LayoutBox BoxOf(const PinLayout& layout, const PlacedFigure& figure) {

@@ -123,7 +123,6 @@ inline const std::vector<FormRoad>& AllForms() {
         return [button](RunningProgram&, QWidget* before) { Click(before, button); };
     };
     const auto master = [](QWidget* form) { Type(form, "txtMasterKey", "395172"); };
-    const auto pinned = [](RunningProgram&, QWidget* main) { Click(main, "cmdPinning"); };
     const auto lists = [](QWidget* form) {
         for (const char* button : {"cmdKeyList", "cmdListDoors", "cmdListUsers"})
             Click(form, button);
@@ -167,8 +166,9 @@ inline const std::vector<FormRoad>& AllForms() {
         {"frmDBLostKeys", "frmMain", choose("mnuLost")},
         {"frmDBReturnKey", "frmMain", choose("mnuReturned")},
         {"frmManufacturer", "frmMain", choose("mnuPinSizes")},
-        {"frmPinningChart", "frmMain", pinned},
-        {"frmPinningChartIC", "frmMain", pinned, [](QWidget*) {}, SystemType::ICCore23},
+        {"frmPinningChart", "frmMain", click("cmdPinning")},
+        {"frmPinningChartIC", "frmMain", click("cmdPinning"), [](QWidget*) {},
+         SystemType::ICCore23},
         {"frmAbout", "frmMain", choose("mnuHelpAbout")},
         {"frmExit", "frmMain", choose("mnuFileExit")},
         {"frmLogoff", "frmMain", [](RunningProgram&, QWidget* main) {
