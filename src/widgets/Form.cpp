@@ -44,7 +44,8 @@ FormCore::~FormCore() = default;
 void FormCore::LetGo() {
     m_letGo = true;
     m_window.hide();
-    m_window.deleteLater();
+    if (m_actions == 0)
+        m_window.deleteLater();
 }
 
 bool FormCore::MayDrop() {
@@ -65,6 +66,7 @@ void FormCore::Guarded(const std::function<void()>& action) {
     const auto tell = [this](const QString& text) {
         m_session.boxes.Message(text, m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
     };
+    ++m_actions;
     try {
         action();
     } catch (const SystemGone& gone) {
@@ -82,6 +84,9 @@ void FormCore::Guarded(const std::function<void()>& action) {
     } catch (const std::exception& error) {
         tell(QString::fromUtf8(error.what()));
     }
+    // A form that was let go while a box of its action was up stays until the action has ended.
+    if (--m_actions == 0 && m_letGo)
+        m_window.deleteLater();
 }
 
 void FormCore::OnLeaving(QWidget* box, std::function<bool()> action) {

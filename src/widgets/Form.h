@@ -143,6 +143,7 @@ private:
     std::pair<double, double> m_share{0.5, 0.5}; ///< of the free room, left and above
     bool m_placed = false;
     bool m_leaving = false; ///< by a command that asks no question
+    int m_actions = 0;      ///< that are under way, one within another
     bool m_letGo = false;
 };
 

@@ -4,8 +4,10 @@
 #include "store/DatabaseFiles.h"
 #include "support/FormDriver.h"
 
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QPointer>
+#include <QTimer>
 
 /// \file
 /// The flow from window to window, above all where something fails on the way.
@@ -44,6 +46,24 @@ TEST(Flow, AFileInUseKeepsTheLogonOnTheScreen) {
     Click(logon, "cmdLogon");
     EXPECT_TRUE(run.Form("frmOpenFile"));
     EXPECT_FALSE(run.IsLoaded("frmLogon"));
+}
+
+TEST(Flow, AFormStaysUntilItsOwnActionHasEnded) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    Choose(main, "mnuAssignUsers");
+    const QPointer<QWidget> users = run.Form("frmKeyUsers");
+    run.boxes.WhileNextIsUp([&] {
+        users->close();
+        QEventLoop box;
+        QTimer::singleShot(0, &box, &QEventLoop::quit);
+        box.exec();
+        EXPECT_TRUE(users) << "deleted under the action that asks";
+        EXPECT_TRUE(main->isVisible());
+    });
+    run.boxes.Expect("All Users require an ID Number or Label!");
+    Click(users, "cmdAddUser");
+    EXPECT_FALSE(run.IsLoaded("frmKeyUsers"));
 }
 
 TEST(Flow, AFileInUseKeepsWhoeverGivesUpANewSystem) {
