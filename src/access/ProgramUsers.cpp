@@ -1,6 +1,7 @@
 #include "access/ProgramUsers.h"
 
 #include "platform/Recordset.h"
+#include "store/Conflict.h"
 #include "store/Scramble.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace quorrel {
 namespace {
 
 UserOutcome Refused(const QString& text) {
-    return {UserOutcome::Kind::Refused, text, {}};
+    return {UserOutcome::Kind::Refused, text, {}, {}};
 }
 
 bool SameAccount(const ProgramUsersRow& one, const ProgramUsersRow& other) {
@@ -72,26 +73,34 @@ UserOutcome AddUser(Session& session, const ProgramUser& typed, const QString& n
     return {};
 }
 
+UserOutcome Gone() {
+    return {UserOutcome::Kind::Gone, {}, {}, {}};
+}
+
+UserOutcome Changed(const ProgramUsersRow& present, const ProgramUsersRow& merged) {
+    return {UserOutcome::Kind::Changed, {}, present, merged};
+}
+
 UserOutcome EditUser(Session& session, const ProgramUser& typed, const QString& name,
-                     ProgramUsersRow account) {
-    if (!IsSameUserName(account.UserName, name) && IsTaken(session, name, account.key))
+                     const ProgramUsersRow& opened) {
+    const auto stored = FindProgramUser(session, opened.key);
+    if (!stored)
+        return Gone();
+    // Under another name it may be another person's account by now.
+    if (stored->ProgramUserID != opened.ProgramUserID || stored->UserName != opened.UserName)
+        return Changed(*stored, *stored);
+    if (!IsSameUserName(opened.UserName, name) && IsTaken(session, name, opened.key))
         return Refused(QStringLiteral("You Must enter a Unique User Name"));
+    ProgramUsersRow account = opened;
     if (auto refusal = TakeLogon(account, name, typed.password);
         refusal.kind != UserOutcome::Kind::Done)
         return refusal;
     if (account.ProgramUserID != kFirstAccount)
         GiveRights(account, typed.rights);
-    Recordset<ProgramUsersRow>::Update(session.Keys(), account);
-    return {};
-}
-
-/// Whether an account still is what it was when it was opened.
-UserOutcome AsOpened(Session& session, const ProgramUsersRow& opened) {
-    auto account = FindProgramUser(session, opened.key);
-    if (!account)
-        return {UserOutcome::Kind::Gone, {}, {}};
-    if (!SameAccount(*account, opened))
-        return {UserOutcome::Kind::Changed, {}, std::move(account)};
+    auto merge = MergeOf(opened, account, *stored);
+    if (merge.conflict)
+        return Changed(*stored, merge.row);
+    Recordset<ProgramUsersRow>::Update(session.Keys(), merge.row);
     return {};
 }
 
@@ -142,14 +151,8 @@ UserOutcome SaveProgramUser(Session& session, const ProgramUser& typed,
         return Mismatch();
     const QString name = typed.name.trimmed().left(kUserNameLength).trimmed();
     Transaction transaction(session.Keys());
-    UserOutcome outcome;
-    if (opened) {
-        outcome = AsOpened(session, *opened);
-        if (outcome.kind == UserOutcome::Kind::Done)
-            outcome = EditUser(session, typed, name, *opened);
-    } else {
-        outcome = AddUser(session, typed, name);
-    }
+    const UserOutcome outcome =
+        opened ? EditUser(session, typed, name, *opened) : AddUser(session, typed, name);
     if (outcome.kind != UserOutcome::Kind::Done)
         return outcome;
     transaction.Commit();
@@ -165,8 +168,11 @@ UserOutcome DeleteProgramUser(Session& session, const ProgramUser& typed,
     if (opened.ProgramUserID == kFirstAccount)
         return Refused(QStringLiteral("You Cannot Delete this Account or Change it's Permissions"));
     Transaction transaction(session.Keys());
-    if (auto outcome = AsOpened(session, opened); outcome.kind != UserOutcome::Kind::Done)
-        return outcome;
+    const auto stored = FindProgramUser(session, opened.key);
+    if (!stored)
+        return Gone();
+    if (!SameAccount(*stored, opened))
+        return Changed(*stored, *stored);
     Recordset<ProgramUsersRow>(session.Keys(), Query<ProgramUsersRow>().WhereKey(opened.key))
         .DeleteAll();
     transaction.Commit();

@@ -33,11 +33,12 @@ struct UserOutcome {
         Done,
         Refused, ///< what was typed cannot be; `text` says why
         Gone,    ///< another workstation has deleted the user
-        Changed, ///< another workstation has changed the user; `present` is what is stored now
+        Changed, ///< another workstation has changed the same, or it is another user's account now
     };
     Kind kind = Kind::Done;
     QString text = {};
-    std::optional<ProgramUsersRow> present = {};
+    std::optional<ProgramUsersRow> present = {}; ///< of what was changed, as it is stored
+    std::optional<ProgramUsersRow> merged = {};  ///< the same with what was changed here alone
 };
 
 /// Whether two texts name the same user: neither case nor blanks around a name count.
@@ -58,8 +59,9 @@ Permissions RightsOf(const ProgramUsersRow& account);
 ProgramUser ShownUser(const ProgramUsersRow& account);
 
 /// Adds a new user, under the name without blanks around it, or with `opened` changes the account
-/// that was brought up as such; one that is no longer as it was then is left alone. When the
-/// logged-on user gets another name, the session takes it.
+/// that was brought up as such: what was typed for it is stored beside what another workstation has
+/// changed meanwhile, and nothing where both have changed the same. When the logged-on user gets
+/// another name, the session takes it.
 UserOutcome SaveProgramUser(Session& session, const ProgramUser& typed,
                             const std::optional<ProgramUsersRow>& opened);
 

@@ -63,6 +63,10 @@ void frmPermissions::FillUsers() {
 
 void frmPermissions::Show(const ProgramUser& user) {
     m_shown = user;
+    ShowFields(user);
+}
+
+void frmPermissions::ShowFields(const ProgramUser& user) {
     m_name = user.name;
     ui->cmbUser->setEditText(user.name);
     ui->txtPassword->setText(user.password);
@@ -175,7 +179,7 @@ void frmPermissions::Delete() {
 
 void frmPermissions::Take(const UserOutcome& outcome) {
     if (outcome.kind == UserOutcome::Kind::Changed)
-        return TellChange(*outcome.present);
+        return TellChange(outcome);
     if (outcome.kind == UserOutcome::Kind::Refused)
         return Tell(outcome.text);
     FillUsers();
@@ -186,17 +190,21 @@ void frmPermissions::Tell(const QString& text) {
     m_session.boxes.Message(text, m_session.ProgramTitle);
 }
 
-/// What was typed stays, and is written over the change when the user says so once more.
-void frmPermissions::TellChange(const ProgramUsersRow& present) {
-    const QString now = present.UserName == m_opened->UserName
-                            ? QString()
-                            : tr(" It is now the account of %1.").arg(present.UserName);
-    Tell(tr("The account of %1 has been changed at another workstation.%2\n\nClick the button "
-            "once more to go on all the same, or choose the user from the list to see the account "
-            "as it is now.")
-             .arg(m_opened->UserName, now));
-    m_opened = present;
-    ui->txtUserID->setText(QString::number(present.ProgramUserID));
+/// Nothing was stored. The account comes up as it is now; what was changed here alone stays in the
+/// boxes, to be saved.
+void frmPermissions::TellChange(const UserOutcome& outcome) {
+    const QString typed = ui->cmbUser->currentText();
+    QString text = tr("The account of %1 has been changed at another workstation. Nothing was "
+                      "saved here; the account is shown as it is now.")
+                       .arg(m_opened->UserName);
+    if (outcome.present->UserName != m_opened->UserName)
+        text += tr(" It is the account of %1.").arg(outcome.present->UserName);
+    if (typed != m_opened->UserName && typed != outcome.merged->UserName)
+        text += tr("\n\nWhat you typed: %1").arg(typed);
+    Tell(text);
+    FillUsers();
+    ShowAccount(*outcome.present);
+    ShowFields(ShownUser(*outcome.merged));
 }
 
 void frmPermissions::ToggleAutoLogoff() {

@@ -36,6 +36,7 @@ private:
     bool MayEdit() const { return m_session.SessionPermissions.AddEditProgramUsers; }
     void FillUsers();
     void Show(const ProgramUser& user);
+    void ShowFields(const ProgramUser& user);
     void ShowNewUser();
     void ShowAccount(const ProgramUsersRow& account);
     ProgramUser Typed(const QString& name) const;
@@ -47,7 +48,7 @@ private:
     void Delete();
     void Take(const UserOutcome& outcome);
     void Tell(const QString& text);
-    void TellChange(const ProgramUsersRow& present);
+    void TellChange(const UserOutcome& outcome);
     void ToggleAutoLogoff();
     void ShowAutoLogoff();
 

@@ -183,11 +183,6 @@ void Program::FilesNotFound(QWidget& start, const QString& failure) {
     if (!failure.isEmpty())
         m_session.boxes.Message(failure, QStringLiteral("Quorrel"), BoxButtons::Ok,
                                 BoxIcon::Warning);
-    // The settings can point at other key files, but they lie in `Sysinfo.qvx` themselves.
-    if (!m_session.SysinfoDatabase) {
-        End();
-        return;
-    }
     ShowNetwork(nullptr);
     CoreOf(start).LetGo();
 }

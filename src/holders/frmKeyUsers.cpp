@@ -49,6 +49,17 @@ void ShowLines(TextList& list, std::vector<Listed>& shown, std::vector<Listed> l
     list.SetCurrentRow(highlighted ? RowOf(shown, highlighted->key) : -1);
 }
 
+/// What the caption of the units shows of a key's line: the text before the last dash or pair of
+/// blanks that begins within its first characters.
+QString CaptionOf(const QString& line) {
+    constexpr qsizetype scanned = 20;
+    QString kept;
+    for (qsizetype at = 0; at < std::min(scanned, line.size()); ++at)
+        if (line[at] == u'-' || line.mid(at, 2) == QLatin1String("  "))
+            kept = line.left(at);
+    return kept;
+}
+
 } // namespace
 
 frmKeyUsers::frmKeyUsers(Session& session)
@@ -372,7 +383,7 @@ void frmKeyUsers::SelectKey() {
 
 void frmKeyUsers::TakeInHand(const ListedKey& key) {
     m_keyInHand = key;
-    ui->lblKeyUnit->setText(key.line.left(kKeyIDWidth));
+    ui->lblKeyUnit->setText(CaptionOf(key.line));
     ui->lblLastUnit->setText(tr("Last Issued "));
 }
 

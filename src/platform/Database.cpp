@@ -97,6 +97,7 @@ std::unique_ptr<Database> Database::Open(const QString& path, const FileKind& ki
     std::unique_ptr<Database> database(new Database(path, busyTimeout));
     database->Check(kind);
     database->BringUpToDate(kind);
+    database->RequireTables(kind);
     return database;
 }
 
@@ -122,6 +123,13 @@ void Database::Check(const FileKind& kind) {
         throw DatabaseError(DatabaseError::Kind::Damaged, m_path);
     if (sqlite_api::sqlite3_db_readonly(m_engine->Handle(), "main") != 0)
         throw DatabaseError(DatabaseError::Kind::ReadOnly, m_path, {}, Attempt::Writing);
+}
+
+void Database::RequireTables(const FileKind& kind) {
+    for (const char* table : kind.tables)
+        if (Number("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND name = '" +
+                   std::string(table) + "'") == 0)
+            throw DatabaseError(DatabaseError::Kind::Damaged, m_path);
 }
 
 std::unique_ptr<Database> Database::Create(const QString& path, const FileKind& kind,

@@ -21,6 +21,8 @@ struct FileKind {
     /// The statements of each step, joined by semicolons. The first one makes revision 2 of a file
     /// of revision 1. What was once delivered is never changed, only followed by another step.
     std::span<const char* const> steps = {};
+    /// Without one of these tables a file counts as damaged.
+    std::span<const char* const> tables = {};
 
     /// The revision that this program reads and writes.
     qint64 Revision() const { return 1 + static_cast<qint64>(steps.size()); }
@@ -84,6 +86,7 @@ private:
 
     Database(const QString& path, int busyTimeout, Access access = Access::Full);
     void Check(const FileKind& kind);
+    void RequireTables(const FileKind& kind);
     void RunAll(const QString& statements);
     void BringUpToDate(const FileKind& kind);
     void CopyTo(const QString& path);

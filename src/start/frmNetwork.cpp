@@ -1,5 +1,6 @@
 #include "start/frmNetwork.h"
 
+#include "store/DatabaseFiles.h"
 #include "ui_frmNetwork.h"
 #include "widgets/HelpContexts.h"
 
@@ -8,7 +9,10 @@ namespace quorrel {
 frmNetwork::frmNetwork(Session& session) : Form(session), ui(std::make_unique<Ui::frmNetwork>()) {
     ui->setupUi(this);
     OfferHelp(help::kNetwork, ui->cmdHelp);
-    Guarded([this] { ShowSettings(LoadNetworkSettings(m_session)); });
+    if (m_session.SysinfoDatabase)
+        Guarded([this] { ShowSettings(LoadNetworkSettings(m_session)); });
+    else
+        ShowNoSettings();
     for (QRadioButton* option : {ui->optLocal, ui->optNetwork, ui->optLocalPer, ui->optNetworkPer})
         On(option, &QRadioButton::clicked, [this] { ApplyOptions(); });
     On(ui->cmdBrowse_0, &QPushButton::clicked, [this] {
@@ -42,6 +46,19 @@ void frmNetwork::ShowSettings(const NetworkSettings& settings) {
     (settings.networked ? ui->optNetwork : ui->optLocal)->setChecked(true);
     (settings.personnel ? ui->optNetworkPer : ui->optLocalPer)->setChecked(true);
     ApplyOptions();
+    m_saved = Typed();
+}
+
+/// The settings lie in the file that cannot be opened, so there is nothing to set.
+void frmNetwork::ShowNoSettings() {
+    for (QWidget* group :
+         {static_cast<QWidget*>(ui->frmKeys), static_cast<QWidget*>(ui->frmMaps),
+          static_cast<QWidget*>(ui->frmPersonnel), static_cast<QWidget*>(ui->cmdSave)})
+        group->setEnabled(false);
+    OfferFoot();
+    Tell(tr("These settings lie in %1, which cannot be opened. See to that file, then start "
+            "Quorrel again.")
+             .arg(QLatin1String(kSysinfoFile)));
     m_saved = Typed();
 }
 

@@ -34,6 +34,7 @@ protected:
 private:
     NetworkSettings Typed() const;
     void ShowSettings(const NetworkSettings& settings);
+    void ShowNoSettings();
     void ApplyOptions();
     void Browse(QLineEdit* field, const QString& title, const QString& filter);
     void Save();

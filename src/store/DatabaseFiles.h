@@ -25,10 +25,17 @@ inline constexpr const char* kKeySystemSteps[] = {
        CREATE INDEX "LostKeysBySystem" ON "LostKeys" ("SystemNumber");
        CREATE TABLE "NumbersGiven" ("RowKey" INTEGER PRIMARY KEY, "Highest" INTEGER))"};
 
+inline constexpr const char* kSysinfoTables[] = {"SystemInfo", "WindowPlace"};
+inline constexpr const char* kKeySystemTables[] = {
+    "KeySystem",  "Patterns",     "AllKeys",      "Doors",       "Department",
+    "KeyUsers",   "KeyUnit",      "UsertoUnit",   "ReturnKey",   "LostKeys",
+    "CrossKeyed", "Manufacturer", "ProgramUsers", "CompanyInfo", "NumbersGiven"};
+inline constexpr const char* kMapTables[] = {"Map"};
+
 /// Application ids "QrSi", "QrKs" and "QrMp".
-inline constexpr FileKind kSysinfoKind{0x51725369, kSysinfoSteps};
-inline constexpr FileKind kKeySystemKind{0x51724B73, kKeySystemSteps};
-inline constexpr FileKind kMapKind{0x51724D70};
+inline constexpr FileKind kSysinfoKind{0x51725369, kSysinfoSteps, kSysinfoTables};
+inline constexpr FileKind kKeySystemKind{0x51724B73, kKeySystemSteps, kKeySystemTables};
+inline constexpr FileKind kMapKind{0x51724D70, {}, kMapTables};
 
 /// Makes the three empty files in `folder` from the schemas in `schemaFolder`, with the default
 /// account and a generic brand, which no system uses unless it is chosen. Existing files are

@@ -186,11 +186,24 @@ TEST_F(FrmPermissions, AnotherWorkstationIsHeeded) {
     Choose(1);
     session.Keys().Execute("UPDATE ProgramUsers SET CreateSystem = 1 WHERE ProgramUserID = 7");
     TypePassword("other");
-    program.boxes.Expect("has been changed at another workstation");
-    Click(form, "cmdSave");
-    EXPECT_EQ(Text("txtPassword"), "other");
     Click(form, "cmdSave");
     EXPECT_EQ(Accounts()[1].Password, Scrambled("other"));
+    EXPECT_TRUE(Accounts()[1].CreateSystem) << "what both have changed is kept";
+
+    Choose(1);
+    ProgramUsersRow theirs = Accounts()[1];
+    theirs.UserName = "Night porter";
+    theirs.RunReports = false;
+    Recordset<ProgramUsersRow>::Update(session.Keys(), theirs);
+    Type(form, "cmbUser", "Day porter");
+    Find<QCheckBox>(form, "ckIK")->click();
+    program.boxes.Expect("It is the account of Night porter.\n\nWhat you typed: Day porter");
+    Click(form, "cmdSave");
+    EXPECT_EQ(Accounts()[1].UserName, "Night porter") << "nothing is written";
+    EXPECT_EQ(UserName(), "Night porter");
+    EXPECT_FALSE(Checked().contains("ckRR")) << "shown as it is now";
+    Type(form, "cmbUser", "Porter");
+    Click(form, "cmdSave");
 
     Choose(1);
     session.Keys().Execute("DELETE FROM ProgramUsers WHERE ProgramUserID = 7");

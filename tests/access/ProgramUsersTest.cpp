@@ -124,14 +124,25 @@ TEST_F(ProgramUsers, APasswordComesBackOrIsRefused) {
 }
 
 TEST_F(ProgramUsers, WhatAnotherWorkstationDidIsNotUndone) {
-    const ProgramUsersRow opened = Added(User("Porter", "secret", {.RunReports = true}));
+    ProgramUsersRow opened = Added(User("Porter", "secret", {.RunReports = true}));
     session.Keys().Execute("UPDATE ProgramUsers SET RunReports = 0 WHERE ProgramUserID = 2");
-    const UserOutcome outcome = Save(User("Porter", "other", {.RunReports = true}), opened);
-    EXPECT_EQ(outcome.kind, Kind::Changed);
-    EXPECT_FALSE(outcome.present->RunReports);
     EXPECT_EQ(DeleteProgramUser(session, User("Porter", "secret"), opened).kind, Kind::Changed);
-    EXPECT_EQ(Stored(opened).Password, Scrambled("secret"));
-    EXPECT_FALSE(Stored(opened).RunReports);
+    // Both have changed something, not the same.
+    EXPECT_EQ(Save(User("Porter", "other", {.IssueKeys = true, .RunReports = true}), opened).kind,
+              Kind::Done);
+    EXPECT_EQ(Stored(opened).Password, Scrambled("other"));
+    EXPECT_EQ(RightsOf(Stored(opened)), Permissions{.IssueKeys = true});
+
+    opened = Stored(opened);
+    ProgramUsersRow theirs = opened;
+    theirs.Password = Scrambled("theirs");
+    Recordset<ProgramUsersRow>::Update(session.Keys(), theirs);
+    const UserOutcome outcome = Save(User("Porter", "mine", {.RunReports = true}), opened);
+    EXPECT_EQ(outcome.kind, Kind::Changed);
+    EXPECT_EQ(outcome.present->Password, theirs.Password);
+    EXPECT_EQ(outcome.merged->Password, theirs.Password);
+    EXPECT_EQ(RightsOf(*outcome.merged), Permissions{.RunReports = true});
+    EXPECT_EQ(RightsOf(Stored(opened)), Permissions{.IssueKeys = true}) << "nothing is written";
 
     EXPECT_EQ(DeleteProgramUser(session, User("", ""), *outcome.present).kind, Kind::Done);
     EXPECT_EQ(Save(User("Porter", "other"), opened).kind, Kind::Gone);

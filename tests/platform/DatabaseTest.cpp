@@ -192,17 +192,17 @@ TEST(DatabaseFile, ReadingNeverSpeaksOfWriting) {
         }
         return QStringLiteral("no failure");
     };
-    keys.Execute("DROP TABLE CrossKeyed");
-    const QString reading = message([&] { keys.Number("SELECT COUNT(*) FROM CrossKeyed"); });
+    keys.Execute("DROP TABLE Activity");
+    const QString reading = message([&] { keys.Number("SELECT COUNT(*) FROM Activity"); });
     EXPECT_TRUE(reading.contains("could not be read")) << reading.toStdString();
-    EXPECT_TRUE(reading.endsWith("(no such table: CrossKeyed)")) << reading.toStdString();
+    EXPECT_TRUE(reading.endsWith("(no such table: Activity)")) << reading.toStdString();
     EXPECT_FALSE(reading.contains("changed"));
-    const QString writing = message([&] { keys.Execute("DELETE FROM CrossKeyed"); });
+    const QString writing = message([&] { keys.Execute("DELETE FROM Activity"); });
     EXPECT_TRUE(writing.contains("could not be used. Nothing was changed."))
         << writing.toStdString();
     const QString within = message([&] {
         const Transaction transaction(keys);
-        keys.Number("SELECT COUNT(*) FROM CrossKeyed");
+        keys.Number("SELECT COUNT(*) FROM Activity");
     });
     EXPECT_EQ(within, writing) << "what is read for a change is a part of it";
 

@@ -53,6 +53,10 @@ TEST(Start, TellsInPlainWordsWhyAFileCannotBeUsed) {
     ASSERT_TRUE(QFile::remove(run.PathOf(kSysinfoFile)));
     run.boxes.Expect("Sysinfo.qvx cannot be found");
     run.program.Start(false);
+    QWidget* network = run.Form("frmNetwork");
+    EXPECT_FALSE(Find<QPushButton>(network, "cmdSave")->isEnabled());
+    EXPECT_TRUE(Find<QLabel>(network, "lblFoot")->text().contains("which cannot be opened"));
+    Click(network, "cmdExit");
     EXPECT_TRUE(run.ended);
 }
 

@@ -90,6 +90,11 @@ TEST_F(Startup, UnusableFilesEndInFailure) {
     EXPECT_THROW(session.Keys(), DatabaseError);
     EXPECT_TRUE(session.SysinfoDatabase); // The network settings can mend this one.
 
+    session.SysinfoDatabase->Execute("UPDATE SystemInfo SET Networked = 0");
+    Database::Open(PathOf(kKeySystemFile), kKeySystemKind)->Execute("DROP TABLE ProgramUsers");
+    EXPECT_FALSE(Load());
+    EXPECT_TRUE(failure.contains("is damaged")) << failure.toStdString();
+
     ASSERT_TRUE(QFile::remove(PathOf(kSysinfoFile)));
     EXPECT_FALSE(Load());
     EXPECT_TRUE(failure.contains(kSysinfoFile)) << failure.toStdString();
