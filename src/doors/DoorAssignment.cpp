@@ -67,6 +67,10 @@ void RequireKey(Session& session, const RowLine& line) {
         throw ChangedElsewhere::Deleted(subject);
 }
 
+ChangedElsewhere KeyChanged(const RowLine& door) {
+    return ChangedElsewhere::Changed(QStringLiteral("The key of door ") + Named(door.label));
+}
+
 /// Gives a key to all doors of a line, and tells how many they are.
 int GiveKey(Session& session, const RowLine& line, const QString& cutsLabel) {
     const QString wanted = Padded(line.label, kDoorColumn);
@@ -85,10 +89,13 @@ int GiveKey(Session& session, const RowLine& line, const QString& cutsLabel) {
 
 } // namespace
 
-Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& door) {
+Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& door,
+                           const std::optional<QString>& shownKey) {
     SystemTransaction transaction(session);
     RequireKey(session, key);
-    RequireDoor(session, door);
+    const QString stored = RequireDoor(session, door).CutsLabel;
+    if (shownKey && RightTrimmed(stored) != RightTrimmed(*shownKey))
+        throw KeyChanged(door);
     const QString keyID = FindKeyID(session, key.text);
     const Assignment assignment{GiveKey(session, door, keyID), keyID};
     transaction.Commit();
@@ -98,7 +105,7 @@ Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& 
 int RemoveDoorFromKey(Session& session, const RowLine& key, const RowLine& door) {
     SystemTransaction transaction(session);
     if (!IsKeyedTo(key.text, RequireDoor(session, door).CutsLabel))
-        throw ChangedElsewhere::Changed(QStringLiteral("The key of door ") + Named(door.label));
+        throw KeyChanged(door);
     const int doors = GiveKey(session, door, QString(7, u' '));
     transaction.Commit();
     return doors;

@@ -2,6 +2,8 @@
 
 #include "doors/DoorLists.h"
 
+#include <optional>
+
 namespace quorrel {
 
 /// Which doors were given to which key.
@@ -17,8 +19,12 @@ struct Assignment {
 /// A Key ID that fills its column with fewer than two blanks left is not told apart from the
 /// description behind it: no key is found then, and the doors get an empty Key ID.
 ///
-/// Throws `ChangedElsewhere` when the key or the door of a line has another name by now or is gone.
-Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& door);
+/// `shownKey` is the Key ID that the screen shows for the door, where it shows one.
+///
+/// Throws `ChangedElsewhere` when the key or the door of a line has another name by now or is gone,
+/// or when the door has another key than is shown.
+Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& door,
+                           const std::optional<QString>& shownKey = {});
 
 /// Takes their key from the doors of a line of those that are assigned to the key of a line. Gives
 /// how many they were. Throws `ChangedElsewhere` when that door is gone or has another key by now.

@@ -437,7 +437,10 @@ void frmDoors::Assign() {
         Tell(tr("Choose a Key ID and a door, then add it"));
         return;
     }
-    const auto [count, keyID] = AssignDoorToKey(m_session, *key, *door);
+    std::optional<QString> shownKey;
+    if (m_shown.stored && m_shown.stored->key == door->key)
+        shownKey = m_shown.stored->CutsLabel;
+    const auto [count, keyID] = AssignDoorToKey(m_session, *key, *door, shownKey);
     const QString doors = Doors(count, door->label);
     if (keyID.isEmpty()) {
         const QString text = tr("%1 left without a key: a Key ID of more than 10 characters, such "

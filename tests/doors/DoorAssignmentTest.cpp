@@ -196,6 +196,7 @@ TEST(DoorAssignment, LeavesADoorWithTheKeyThatAnotherWorkstationGaveIt) {
     OtherWorkstation other(site);
     AssignDoorToKey(other.session, keys[1], ListDoors(other.session)[0]);
     EXPECT_THROW(RemoveDoorFromKey(site.session, keys[0], listed), ChangedElsewhere);
+    EXPECT_THROW(AssignDoorToKey(site.session, keys[0], listed, keys[0].label), ChangedElsewhere);
     EXPECT_EQ(site.KeysOfDoors(), QStringList(Padded("K2", 12)));
 }
 

@@ -569,6 +569,16 @@ TEST_F(FrmDoors, ChoicesFromAgedListsAreToldAndTheListsReadAnew) {
     Click(form, "cmdRemoveFrom");
     EXPECT_EQ(Lines("lstKeyedDoors"), QStringList());
     EXPECT_EQ(site.KeysOfDoors().at(1), Padded("K3", 12));
+
+    // The form still shows the door on it without a key.
+    AssignDoorToKey(other.session, ListKeyableKeys(other.session)[1], ListDoors(other.session)[0]);
+    ClickLine("lstKeyIDs", "K3");
+    ClickLine("lstAllDoors", "A1");
+    site.boxes.Expect("The key of door A1 has been changed at another workstation");
+    Click(form, "cmdAssignTo");
+    EXPECT_EQ(Line("txtKeyedTo"), Padded("K2", 12));
+    Click(form, "cmdAssignTo");
+    EXPECT_EQ(site.KeysOfDoors().at(0), Padded("K3", 12)) << "now it was shown";
 }
 
 TEST_F(FrmDoors, AsksAboutNothingThatIsAsItWas) {
