@@ -8,6 +8,8 @@
 #include "store/OfSystem.h"
 #include "store/SystemTables.h"
 
+#include <QStringBuilder>
+
 #include <algorithm>
 
 namespace quorrel {
@@ -18,13 +20,11 @@ template <class Holder>
 QString LineOf(const Holder& holder, HolderColumn column) {
     const bool byLast = column == HolderColumn::LastName;
     const bool byFirst = column == HolderColumn::FirstName;
-    return holder.UserIDNumber +
-           (byLast ? QStringLiteral("   (") + holder.Lastname + QStringLiteral(")   ")
-                   : u' ' + holder.Lastname) +
-           (byFirst  ? QStringLiteral("   (") + holder.Firstname + QStringLiteral(")  ")
-            : byLast ? holder.Firstname
-                     : u' ' + holder.Firstname) +
-           QStringLiteral(" - ") + holder.Department;
+    const QStringView beforeLast = byLast ? u"   (" : u" ";
+    const QStringView beforeFirst = byLast ? u")   " : byFirst ? u"   (" : u" ";
+    const QStringView beforeDepartment = byFirst ? u")   - " : u" - ";
+    return holder.UserIDNumber % beforeLast % holder.Lastname % beforeFirst % holder.Firstname %
+           beforeDepartment % holder.Department;
 }
 
 bool IsLineOf(const KeyUsersRow& holder, const QString& line) {

@@ -178,7 +178,7 @@ QStringList LogColumns(KeyLog log) {
 std::vector<RowKey> ListLog(Session& session, KeyLog log, std::optional<int> sortedBy) {
     return WithRowOf(log, [&]<class Row>(const Row&) {
         if (!sortedBy)
-            return ReadColumn(session, &Row::SystemNumber).keys;
+            return Recordset<Row>(session.Keys(), OfSystem<Row>(session)).Keys();
         if (*sortedBy == kLogTexts)
             return SortedKeys(ReadColumn(session, kNumber<Row>));
         return SortedKeys(

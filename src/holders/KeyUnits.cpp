@@ -11,6 +11,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QStringBuilder>
 
 #include <algorithm>
 #include <tuple>
@@ -33,7 +34,7 @@ const QString kBetween = QStringLiteral(" - ");
 /// What a line of a held unit says of its holder.
 template <class Holder>
 QString TextOf(const Holder& holder) {
-    return holder.UserIDNumber + u' ' + holder.Lastname + u' ' + holder.Firstname;
+    return holder.UserIDNumber % u' ' % holder.Lastname % u' ' % holder.Firstname;
 }
 
 QString KeyIDOf(const NamedKeyRow& key) {
@@ -46,7 +47,7 @@ bool IsListed(const NamedKeyRow& key) {
 
 ListedKey ListedOf(const NamedKeyRow& key) {
     return {key.key, KeyIDOf(key),
-            Padded(key.Label, kKeyIDWidth) + QStringLiteral("-  ") + OneLine(key.Description)};
+            Padded(key.Label, kKeyIDWidth) % u"-  " % OneLine(key.Description)};
 }
 
 template <class Row>

@@ -10,6 +10,7 @@
 
 #include <QHash>
 #include <QSet>
+#include <QStringBuilder>
 
 #include <algorithm>
 
@@ -51,7 +52,7 @@ QString ListLine(const QString& text) {
 class DoorLines {
 public:
     void Add(const KeyedDoorRow& door) {
-        QString text = ListLine(door.DoorLabel + QString(5, u' ') + door.DoorDescription);
+        QString text = ListLine(door.DoorLabel % u"     " % door.DoorDescription);
         if (m_listed.contains(text))
             return;
         m_listed.insert(text);
@@ -74,7 +75,7 @@ QHash<QString, QString> NamesOf(Session& session, const QStringList& userIDs) {
                                      &KeyUsersRow::UserIDNumber, userIDs.mid(at, kHoldersAtATime)))
             .Walk([&](const HolderNameRow& holder) {
                 if (!names.contains(holder.UserIDNumber))
-                    names.insert(holder.UserIDNumber, holder.Lastname + u' ' + holder.Firstname);
+                    names.insert(holder.UserIDNumber, holder.Lastname % u' ' % holder.Firstname);
                 return true;
             });
     return names;
@@ -96,16 +97,16 @@ std::vector<KeyLine> FillKeyList(Session& session, const QString& filter) {
             .Rows();
     qsizetype widest = 0;
     for (const NamedKeyRow& key : keys)
-        widest = std::max(widest, RightTrimmed(key.Label.left(kShownKeyID)).size());
+        widest = std::max(widest, TrimmedSize(QStringView(key.Label).left(kShownKeyID)));
     std::vector<KeyLine> lines;
     for (const NamedKeyRow& key : keys) {
         const bool onPage = key.PageNumber > 0 && key.Position >= 0 && key.Position < kAllCells;
         if (IsNoValue(key.Label) || !onPage || !Passes(key.Label, filter))
             continue;
-        lines.push_back({ListLine(Padded(key.Label, static_cast<int>(widest)) + u' ' +
-                                  Padded(key.Department, kShownDepartment) + QStringLiteral("  ") +
-                                  key.Description),
-                         key.PageNumber, key.Position, key.key});
+        lines.push_back(
+            {ListLine(Padded(key.Label, static_cast<int>(widest)) % u' ' %
+                      Padded(key.Department, kShownDepartment) % u"  " % key.Description),
+             key.PageNumber, key.Position, key.key});
     }
     return lines;
 }
@@ -140,8 +141,7 @@ std::vector<SubjectLine> FillUserList(Session& session, const QString& keyID,
     for (const HeldUnit& unit : units) {
         const QString name = names.value(unit.UserID);
         if (Passes(name, filter))
-            lines.push_back({ListLine(unit.UnitID + QStringLiteral(" - ") + unit.UserID +
-                                      QString(3, u' ') + name),
+            lines.push_back({ListLine(unit.UnitID % u" - " % unit.UserID % u"   " % name),
                              RightTrimmed(unit.UserID)});
     }
     return OrNone(std::move(lines));

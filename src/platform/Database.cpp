@@ -49,6 +49,13 @@ std::string ConnectionText(const QString& path, int busyTimeout, bool readOnly) 
            " dbname=\"" + path.toStdString() + '"';
 }
 
+/// A connection is used by one thread alone, so the engine needs no lock for each value that it
+/// hands out. Takes effect before the first connection of the process.
+void LeaveConnectionsUnlocked() {
+    static const int result = sqlite_api::sqlite3_config(SQLITE_CONFIG_MULTITHREAD);
+    static_cast<void>(result); // Another library may have begun with the engine: it locks, then.
+}
+
 } // namespace
 
 DatabaseError Database::Failure(int result, const QString& message, Attempt attempt) const {
@@ -73,6 +80,7 @@ Database::Database(const QString& path, int busyTimeout, Access access)
     if (path.contains(u'"'))
         throw DatabaseError(DatabaseError::Kind::Other, path,
                             QStringLiteral("Its path has a quotation mark."));
+    LeaveConnectionsUnlocked();
     Guarded(Attempt::Reading, [&] {
         m_engine->session.open(soci::sqlite3,
                                ConnectionText(path, busyTimeout, access == Access::ReadOnly));

@@ -80,6 +80,17 @@ public:
         return texts;
     }
 
+    /// The keys of the rows, in order.
+    std::vector<RowKey> Keys() const {
+        RowKey key = 0;
+        Cursor cursor(m_database, "SELECT " + QueryText::Quoted(kRowKey) + From() + m_query.Order(),
+                      m_query.Values(), {FieldRef(&key)});
+        std::vector<RowKey> keys;
+        while (cursor.Next())
+            keys.push_back(key);
+        return keys;
+    }
+
     /// Calls `visit(value, RowKey)` for one column of each row in order, quicker than whole rows.
     template <class Type, class Visit>
     void WalkColumn(Type Whole::*column, Visit&& visit) const {

@@ -75,14 +75,23 @@ QString Padded(const QString& text, int width) {
     return text.leftJustified(width, u' ', true);
 }
 
-QString RightTrimmed(const QString& text) {
+qsizetype TrimmedSize(QStringView text) {
     qsizetype end = text.size();
     while (end > 0 && text[end - 1] == u' ')
         --end;
-    return text.left(end);
+    return end;
+}
+
+QString RightTrimmed(const QString& text) {
+    return text.left(TrimmedSize(text));
 }
 
 QString OneLine(QString text) {
+    const auto ends = [](QChar c) {
+        return c == u'\r' || c == u'\n' || c == u'\u2028' || c == u'\u2029';
+    };
+    if (std::none_of(text.cbegin(), text.cend(), ends))
+        return text;
     const QString blanks(2, u' ');
     text.replace(QLatin1String("\r\n"), blanks);
     for (const char16_t end : {u'\r', u'\n', u'\u2028', u'\u2029'})

@@ -22,7 +22,8 @@ QString Str(double number);
 /// Text cut or filled with blanks on the right to exactly `width` characters.
 QString Padded(const QString& text, int width);
 
-/// Text without its right-hand blanks.
+/// Text without its right-hand blanks, and how many characters that leaves.
+qsizetype TrimmedSize(QStringView text);
 QString RightTrimmed(const QString& text);
 
 /// Text on one line: each line end, whichever kind it is of, becomes two blanks.

@@ -51,6 +51,9 @@ QString ToolkitFilter(const QString& filter) {
     return filters.join(QStringLiteral(";;"));
 }
 
+constexpr int kInputWidth = 320;
+constexpr int kTitleButtons = 160; ///< the room that a window's own buttons take beside its title
+
 /// Keeps the hourglass away while a box waits for the user.
 class PlainPointer {
 public:
@@ -145,6 +148,9 @@ std::optional<QString> ScreenBoxes::ShowInput(const QString& text, const QString
     dialog.setWindowTitle(title);
     dialog.setLabelText(text);
     dialog.setTextValue(proposal);
+    // Wide enough for its title and for a Key ID or a name.
+    const int titleWidth = dialog.fontMetrics().horizontalAdvance(title);
+    dialog.setMinimumWidth(std::max(kInputWidth, titleWidth + kTitleButtons));
     return dialog.exec() ? std::optional(dialog.textValue()) : std::nullopt;
 }
 

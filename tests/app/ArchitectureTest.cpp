@@ -19,8 +19,8 @@ const QString kLanguage = "<[a-z_]+>";
 /// Qt without a window: the headers of its Core module that are of use here.
 const QString kCore =
     kLanguage +
-    "|<Q(String|StringList|DateTime|Date|Time|RandomGenerator|Dir|File|FileInfo|Locale|"
-    "RegularExpression|Process|Settings|StandardPaths|RectF|SizeF|PointF|Set|Hash|Map|"
+    "|<Q(String|StringBuilder|StringList|DateTime|Date|Time|RandomGenerator|Dir|File|FileInfo|"
+    "Locale|RegularExpression|Process|Settings|StandardPaths|RectF|SizeF|PointF|Set|Hash|Map|"
     "List|Char|AbstractTableModel|ByteArray|Thread|TextStream|TemporaryFile|Url|Collator)>";
 
 const Rule kRules[] = {
