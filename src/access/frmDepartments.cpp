@@ -76,7 +76,8 @@ void frmDepartments::Save() {
     const QString name = ui->txtRename->text().toUpper();
     RenameDepartment(m_session, before, name);
     if (name != before)
-        Tell(tr("Department %1 renamed to %2").arg(before, name));
+        Tell(name.isEmpty() ? tr("The name of department %1 taken away").arg(before)
+                            : tr("Department %1 renamed to %2").arg(before, name));
     ShowRenaming(false);
     LoadDepartmentList(-1);
     const auto renamed = ui->lstDepartment->Lines().indexOf(RightTrimmed(name));

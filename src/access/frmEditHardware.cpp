@@ -19,7 +19,7 @@ frmEditHardware::frmEditHardware(Session& session)
     QFont bold = font();
     bold.setBold(true);
     ui->lblHardware->setFont(bold);
-    On(ui->cmbHardware, &QComboBox::editTextChanged, [this] { ShowDescription(); });
+    On(ui->cmbHardware, &QComboBox::editTextChanged, [this] { ChooseDescription(); });
     On(ui->cmdSave, &QPushButton::clicked, [this] { Save(); });
     On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
     Guarded([this] { LoadHardwareList({}); });
@@ -41,6 +41,14 @@ void frmEditHardware::LoadHardwareList(const QString& shown) {
     const QStringList descriptions = ListHardwareTypes(m_session);
     ui->cmbHardware->SetTexts(descriptions, descriptions.contains(shown) ? shown : QString());
     ShowDescription();
+}
+
+/// Another description: one that was typed for the former is not dropped without a question.
+void frmEditHardware::ChooseDescription() {
+    if (MayDrop())
+        ShowDescription();
+    else
+        ui->cmbHardware->SetTexts(ui->cmbHardware->Texts(), ui->lblHardware->text());
 }
 
 void frmEditHardware::ShowDescription() {

@@ -25,6 +25,7 @@ protected:
 
 private:
     void LoadHardwareList(const QString& shown);
+    void ChooseDescription();
     void ShowDescription();
     void Save();
 

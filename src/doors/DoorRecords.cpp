@@ -76,6 +76,10 @@ void RequireFree(Session& session, const DoorText& typed) {
         QStringList texts;
         for (const auto& [text, column] : kTexts)
             texts.append(typed.*text);
+        if (typed.keyed)
+            texts.append(QStringLiteral("Keyed"));
+        if (typed.crossKeyed)
+            texts.append(QStringLiteral("Cross Key this Door"));
         throw ChangedElsewhere::Added(DoorNamed(door->DoorLabel), texts);
     }
 }

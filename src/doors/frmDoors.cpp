@@ -181,6 +181,8 @@ void frmDoors::AskFor(const QString& label) {
     if (!m_shown.stored)
         m_shown.text.label = label; // It was not typed.
     ShowRecord();
+    if (!m_shown.stored && !label.isEmpty())
+        Tell(tr("%1 is not stored any more. Save adds it anew.").arg(DoorNamed(label)));
 }
 
 /// Puts a label into its box, which is no edit.
@@ -258,22 +260,33 @@ void frmDoors::LoadKeyedDoors() {
 }
 
 void frmDoors::LabelChanged() {
-    m_kept = false;
-    const bool typed = ui->cmbDoorLabel->lineEdit()->isModified();
-    if (!typed && !MayDropRecord()) {
-        SetLabel(m_label);
-        m_kept = true;
+    if (ui->cmbDoorLabel->lineEdit()->isModified()) {
+        m_label = ui->cmbDoorLabel->currentText();
+        TestLabel();
+        ShowRecord();
         return;
     }
-    m_label = ui->cmbDoorLabel->currentText();
-    TestLabel();
-    ShowRecord();
+    m_chosen = true;
+    BringUp(ui->cmbDoorLabel->currentText());
 }
 
 /// A choice from the labels, which need not have changed the label.
 void frmDoors::LabelChosen() {
-    if (!std::exchange(m_kept, false) && MayDropRecord())
-        ShowRecord();
+    if (!std::exchange(m_chosen, false))
+        BringUp(ui->cmbDoorLabel->currentText());
+}
+
+/// Brings up a door that was chosen from the labels. Where it cannot come up, the record stays and
+/// so does its label.
+void frmDoors::BringUp(const QString& label) {
+    SetLabel(m_label);
+    if (!MayDropRecord())
+        return;
+    const auto door = LoadDoorRecord(m_session, label);
+    if (!door)
+        throw ChangedElsewhere::Deleted(DoorNamed(label));
+    SetLabel(label);
+    ShowDoor(*door);
 }
 
 /// Asks before what was typed into a record gives way to a door that was chosen.

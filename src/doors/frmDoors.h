@@ -84,6 +84,7 @@ private:
     void SetLabel(const QString& label);
     void LabelChanged();
     void LabelChosen();
+    void BringUp(const QString& label);
     bool MayDropRecord();
     void TestLabel();
     void ShowRecord();
@@ -110,7 +111,7 @@ private:
     RowList m_keys, m_doors, m_keyedDoors;
     ShownDoor m_shown;
     QString m_label;           ///< what its box held before it changed
-    bool m_kept = false;       ///< a choice from the labels was taken back
+    bool m_chosen = false;     ///< the label changed by a choice, which is told twice
     bool m_recordAged = false; ///< it is not stored as it was shown
     bool m_away = false;       ///< hidden while another window works on the door
 };

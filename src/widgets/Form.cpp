@@ -64,6 +64,7 @@ void FormCore::Leave() {
 
 void FormCore::Guarded(const std::function<void()>& action) {
     const auto tell = [this](const QString& text) {
+        Tell({}); // What was done before is no longer the last action.
         m_session.boxes.Message(text, m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
     };
     ++m_actions;

@@ -270,6 +270,10 @@ TEST_F(FrmEditHardware, AsksOnlyAboutWhatWasTypedAndChangesNothingUnasked) {
     run.boxes.Expect("The new description for Rim is not saved", BoxAnswer::No);
     QTest::keyClick(form, Qt::Key_Escape);
     EXPECT_EQ(Find<QLineEdit>(form, "txtChangeTo")->text(), "Latch");
+    run.boxes.Expect("The new description for Rim is not saved", BoxAnswer::No);
+    Find<QComboBox>(form, "cmbHardware")->setCurrentIndex(1);
+    EXPECT_EQ(Find<QComboBox>(form, "cmbHardware")->currentText(), "Rim");
+    EXPECT_EQ(Find<QLineEdit>(form, "txtChangeTo")->text(), "Latch");
     Click(form, "cmdExit");
     EXPECT_EQ(run.Form("frmMain"), main);
     EXPECT_EQ(bytes(), before);

@@ -579,6 +579,14 @@ TEST_F(FrmDoors, ChoicesFromAgedListsAreToldAndTheListsReadAnew) {
     EXPECT_EQ(Line("txtKeyedTo"), Padded("K2", 12));
     Click(form, "cmdAssignTo");
     EXPECT_EQ(site.KeysOfDoors().at(0), Padded("K3", 12)) << "now it was shown";
+
+    // A label that is listed no longer leads nowhere.
+    form->AskFor("A1");
+    other.Delete("A2");
+    site.boxes.Expect("Door A2 is no longer in the file");
+    Find<TextCombo>(form, "cmbDoorLabel")->setCurrentIndex(1);
+    EXPECT_EQ(LabelText(), "A1");
+    EXPECT_EQ(Find<TextCombo>(form, "cmbDoorLabel")->Texts(), QStringList("A1"));
 }
 
 TEST_F(FrmDoors, AsksAboutNothingThatIsAsItWas) {
