@@ -89,6 +89,14 @@ KeyRecordText KeyRecord::Open(int cell, bool asks) {
     return m_shown;
 }
 
+void KeyRecord::RefreshOffer(const QStringList& departments) {
+    if (m_last.department.size() < 2 || departments.contains(m_last.department))
+        return;
+    const auto row =
+        Recordset<KeyTextsRow>(m_session.Keys(), Query<PatternsRow>().WhereKey(m_lastKey)).First();
+    m_last.department = row ? RightTrimmed(row->Department) : QString();
+}
+
 bool KeyRecord::IsEdited(const KeyRecordText& screen) const {
     return !SameText(screen.keyID, m_shown.keyID) || !SameText(screen.keyway, m_shown.keyway) ||
            !SameText(screen.department, m_shown.department) ||
@@ -205,6 +213,7 @@ bool KeyRecord::SaveKeyRecord(KeyRecordText& screen) {
     }
     const bool named = !screen.keyID.isEmpty() && screen.keyID != m_shown.keyID;
     m_last = m_shown = screen;
+    m_lastKey = m_stored.key;
     m_offered = false;
     m_repeatLastRecord = !screen.keyID.isEmpty();
     if (named && HasControlKeysCuts(m_page, m_cell))
@@ -251,7 +260,8 @@ KeyRecord::Obstacle KeyRecord::Store(const KeyTextsRow& typed, KeyRecordText& sc
         WriteInto(row, record, Today());
         Recordset<PatternsRow>::Update(m_session.Keys(), row);
     }
-    const QString department = LearnDepartment(screen.department);
+    // Not what the screen shows: another workstation may have renamed or deleted that meanwhile.
+    const QString department = LearnDepartment(record.Department);
     transaction.Commit();
 
     const bool shared = !SameFields(stored, m_stored);

@@ -29,6 +29,10 @@ public:
     /// the other. `asks`: a change of a key that has a Key ID is saved after a question alone.
     KeyRecordText Open(int cell, bool asks);
 
+    /// What was saved last is offered as it is stored by now: its department, no longer among those
+    /// known, has been renamed or deleted.
+    void RefreshOffer(const QStringList& departments);
+
     /// What the boxes make of the texts that they were given, which is no edit.
     void ShownAs(const KeyRecordText& screen) { m_shown = screen; }
 
@@ -80,6 +84,7 @@ private:
     bool m_asks = false;
     bool m_repeatLastRecord = false;
     KeyRecordText m_last;
+    RowKey m_lastKey = 0; ///< of the key whose record `m_last` is
     QString m_lastStored;
 };
 

@@ -184,7 +184,9 @@ void frmMain::Reload() {
 
 /// Shows what follows what is stored, but for the page.
 void frmMain::ShowStored() {
-    ui->frmKey->ShowDepartments(m_page.ListDepartments());
+    const QStringList departments = m_page.ListDepartments();
+    ui->frmKey->ShowDepartments(departments);
+    m_record.RefreshOffer(departments);
     ui->pnlStatus->ShowFacts(m_session);
     if (ui->lists->ListsKeys())
         ui->lists->ShowKeys(FillKeyList(m_session, ui->lists->KeyFilter()));

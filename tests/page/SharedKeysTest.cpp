@@ -1,3 +1,4 @@
+#include "access/Departments.h"
 #include "page/KeyRecord.h"
 #include "platform/Recordset.h"
 #include "store/Conflict.h"
@@ -166,6 +167,30 @@ TEST_F(SharedKeys, AChangeOfTheSameBoxIsTold) {
     ShowNamed(8, "A3");
     other->Name(8, "B3");
     Conflict([](KeyRecordText& screen) { screen.keyID = " "; }); // takes it away
+}
+
+TEST_F(SharedKeys, ADepartmentThatWasRenamedOrDeletedDoesNotComeBack) {
+    ShowNamed(6, "A1");
+    EXPECT_TRUE(here->Leave([](KeyRecordText& screen) { screen.department = "STORES"; }));
+    EXPECT_EQ(here->m_record.Open(7, false).department, "STORES") << "offered to the next";
+    for (const QString& by : {QString("KITCHEN"), QString()}) {
+        here->Select(6);
+        if (by.isEmpty())
+            DeleteDepartment(there, "KITCHEN");
+        else
+            RenameDepartment(there, "STORES", by);
+        EXPECT_TRUE(here->Leave([&](KeyRecordText& screen) { screen.description = "For " + by; }));
+        EXPECT_EQ(Stored(6).Department.trimmed(), by);
+        const QStringList known = here->m_page.ListDepartments();
+        EXPECT_EQ(known.filter("STORES") + known.filter("KITCHEN"),
+                  by.isEmpty() ? QStringList() : QStringList(by));
+    }
+
+    EXPECT_TRUE(here->Leave([](KeyRecordText& screen) { screen.department = "LINEN"; }));
+    RenameDepartment(there, "LINEN", "LAUNDRY");
+    EXPECT_EQ(here->m_record.Open(7, false).department, "LINEN") << "not known here yet";
+    here->m_record.RefreshOffer(here->m_page.ListDepartments());
+    EXPECT_EQ(here->m_record.Open(7, false).department, "LAUNDRY");
 }
 
 TEST_F(SharedKeys, AKeyThatHasLostItsNameGetsNoRecord) {
