@@ -75,14 +75,16 @@ void frmDepartments::Save() {
     const QString before = ui->lstDepartment->CurrentText();
     const QString name = ui->txtRename->text().toUpper();
     RenameDepartment(m_session, before, name);
-    if (name != before)
-        Tell(name.isEmpty() ? tr("The name of department %1 taken away").arg(before)
-                            : tr("Department %1 renamed to %2").arg(before, name));
     ShowRenaming(false);
-    LoadDepartmentList(-1);
-    const auto renamed = ui->lstDepartment->Lines().indexOf(RightTrimmed(name));
-    ui->lstDepartment->SetCurrentRow(static_cast<int>(renamed));
-    ApplySelection();
+    const QString done = name == before   ? QString()
+                         : name.isEmpty() ? tr("The name of department %1 taken away").arg(before)
+                                          : tr("Department %1 renamed to %2").arg(before, name);
+    TellDone(done, [&] {
+        LoadDepartmentList(-1);
+        const auto renamed = ui->lstDepartment->Lines().indexOf(RightTrimmed(name));
+        ui->lstDepartment->SetCurrentRow(static_cast<int>(renamed));
+        ApplySelection();
+    });
 }
 
 void frmDepartments::Delete() {
@@ -95,8 +97,7 @@ void frmDepartments::Delete() {
     const BusyPointer busy;
     const int row = ui->lstDepartment->CurrentRow();
     DeleteDepartment(m_session, name);
-    Tell(tr("Department %1 deleted").arg(name));
-    LoadDepartmentList(row);
+    TellDone(tr("Department %1 deleted").arg(name), [&] { LoadDepartmentList(row); });
 }
 
 QString frmDepartments::Unsaved() const {

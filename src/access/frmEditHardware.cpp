@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 #include "ui_frmEditHardware.h"
 #include "widgets/HelpContexts.h"
+#include "widgets/Manners.h"
 
 #include <QKeyEvent>
 
@@ -29,8 +30,7 @@ frmEditHardware::~frmEditHardware() = default;
 
 /// The usual button is meant where the new description is typed, not where one is chosen.
 void frmEditHardware::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && ui->cmbHardware->hasFocus())
+    if (IsEnter(*event) && ui->cmbHardware->hasFocus())
         ui->txtChangeTo->setFocus();
     else
         Form::keyPressEvent(event);
@@ -77,9 +77,9 @@ void frmEditHardware::Save() {
         Tell(tr("No door of this system has %1, only doors of others").arg(from));
         return;
     }
-    Tell(to.isEmpty() ? tr("%1 taken away").arg(from)
-                      : tr("%1 replaced by %2").arg(from, Named(to)));
-    LoadHardwareList(to);
+    TellDone(to.isEmpty() ? tr("%1 taken away").arg(from)
+                          : tr("%1 replaced by %2").arg(from, Named(to)),
+             [&] { LoadHardwareList(to); });
 }
 
 void frmEditHardware::Reload() {

@@ -182,8 +182,10 @@ void frmPermissions::Take(const UserOutcome& outcome) {
         return TellChange(outcome);
     if (outcome.kind == UserOutcome::Kind::Refused)
         return Tell(outcome.text);
-    FillUsers();
-    ShowNewUser();
+    TellDone(tr("The accounts are stored"), [this] {
+        FillUsers();
+        ShowNewUser();
+    });
 }
 
 void frmPermissions::Tell(const QString& text) {

@@ -6,6 +6,7 @@
 #include "store/Conflict.h"
 #include "ui_frmDoors.h"
 #include "widgets/HelpContexts.h"
+#include "widgets/Manners.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -108,7 +109,8 @@ void frmDoors::WatchRecord() {
     ui->cmbDoorLabel->installEventFilter(this);
     On(ui->cmbDoorLabel, &QComboBox::editTextChanged, [this] { LabelChanged(); });
     On(ui->cmbDoorLabel, &QComboBox::activated, [this] { LabelChosen(); });
-    On(ui->cmbHardware, &QComboBox::editTextChanged, [this] { ShowHardwareCount(); });
+    On(ui->cmbHardware, &QComboBox::editTextChanged,
+       [this] { WhileTyping(ui->cmbHardware, [this] { ShowHardwareCount(); }); });
     On(ui->cmbHardware, &QComboBox::activated,
        [this] { ui->cmbHardware->lineEdit()->setReadOnly(false); });
     On(ui->ckCrossKeyed, &QCheckBox::toggled,
@@ -127,10 +129,14 @@ void frmDoors::WatchLists() {
     On(ui->lstAllDoors, &TextList::DoubleClicked, [this] { Assign(); });
     On(ui->cmdRemoveFrom, &QPushButton::clicked, [this] { Remove(); });
     On(ui->lstKeyedDoors, &TextList::DoubleClicked, [this] { Remove(); });
-    On(ui->txtSearchDoor, &QLineEdit::textChanged,
-       [this](const QString& text) { m_doors.Show(SearchDoors(m_session, text)); });
-    On(ui->txtSearchKey, &QLineEdit::textChanged,
-       [this](const QString& text) { FillKeys(SearchKeyableKeys(m_session, text)); });
+    On(ui->txtSearchDoor, &QLineEdit::textChanged, [this] {
+        WhileTyping(ui->txtSearchDoor,
+                    [this] { m_doors.Show(SearchDoors(m_session, ui->txtSearchDoor->text())); });
+    });
+    On(ui->txtSearchKey, &QLineEdit::textChanged, [this] {
+        WhileTyping(ui->txtSearchKey,
+                    [this] { FillKeys(SearchKeyableKeys(m_session, ui->txtSearchKey->text())); });
+    });
 }
 
 bool frmDoors::eventFilter(QObject* watched, QEvent* event) {
@@ -141,16 +147,15 @@ bool frmDoors::eventFilter(QObject* watched, QEvent* event) {
 
 /// No button is the usual one: only its own click saves. In a box of the record the Enter key leads
 /// on to the next one, on a button it is the click. It never leads to a button, so that whoever
-/// presses it once more than needed, or holds it, sets nothing going.
+/// presses it once more than needed sets nothing going.
 void frmDoors::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    if (!IsEnter(*event)) {
         Form::keyPressEvent(event);
         return;
     }
-    auto* button = qobject_cast<QPushButton*>(focusWidget());
-    if (button && !event->isAutoRepeat())
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
         button->click();
-    else if (!button && ui->frDoor->isAncestorOf(focusWidget()))
+    else if (ui->frDoor->isAncestorOf(focusWidget()))
         LeadOn();
 }
 
@@ -164,6 +169,8 @@ void frmDoors::LeadOn() {
         if (!ui->frDoor->isAncestorOf(next) || qobject_cast<QPushButton*>(next))
             return;
         next->setFocus(Qt::TabFocusReason);
+        if (auto* area = qobject_cast<QPlainTextEdit*>(next))
+            area->moveCursor(QTextCursor::End);
         return;
     }
 }
@@ -172,7 +179,7 @@ void frmDoors::Activated() {
     if (!std::exchange(m_away, false))
         return;
     // The window that was shown meanwhile has worked on the door.
-    ShowRecord();
+    ShowRecord(TypedRecord());
     ShowKeyedDoors();
 }
 
@@ -180,7 +187,7 @@ void frmDoors::AskFor(const QString& label) {
     SetLabel(label);
     if (!m_shown.stored)
         m_shown.text.label = label; // It was not typed.
-    ShowRecord();
+    ShowRecord(TypedRecord());
     if (!m_shown.stored && !label.isEmpty())
         Tell(tr("%1 is not stored any more. Save adds it anew.").arg(DoorNamed(label)));
 }
@@ -196,10 +203,10 @@ void frmDoors::SetLabel(const QString& label) {
 DoorText frmDoors::TypedRecord() const {
     DoorText typed;
     typed.label = ui->cmbDoorLabel->currentText();
-    typed.description = ui->txtDoorDescription->toPlainText();
-    typed.location = ui->txtDoorLocation->toPlainText();
+    typed.description = WithoutLastLineEnds(ui->txtDoorDescription->toPlainText());
+    typed.location = WithoutLastLineEnds(ui->txtDoorLocation->toPlainText());
     typed.hardware = ui->cmbHardware->currentText();
-    typed.details = ui->txtHardwareSpecs->toPlainText();
+    typed.details = WithoutLastLineEnds(ui->txtHardwareSpecs->toPlainText());
     typed.keyed = ui->ckKeyed->isChecked();
     typed.crossKeyed = ui->ckCrossKeyed->isChecked();
     return typed;
@@ -223,12 +230,12 @@ void frmDoors::LoadDoorLists() {
         const QSignalBlocker blocker(search);
         search->clear();
     }
-    FillLists();
     SetLabel({});
     ShowTexts({});
     ShowNoDoor();
-    ShowHardwareCount();
     m_shown = {std::nullopt, TypedRecord()};
+    FillLists();
+    ShowHardwareCount();
 }
 
 /// Fills the lists anew, as far as they are searched for.
@@ -263,7 +270,7 @@ void frmDoors::LabelChanged() {
     if (ui->cmbDoorLabel->lineEdit()->isModified()) {
         m_label = ui->cmbDoorLabel->currentText();
         TestLabel();
-        ShowRecord();
+        WhileTyping(ui->cmbDoorLabel, [this, typed = TypedRecord()] { ShowRecord(typed); });
         return;
     }
     m_chosen = true;
@@ -303,12 +310,15 @@ void frmDoors::TestLabel() {
 }
 
 /// Brings up the door of the label in its box. Without one all stays as it is, so that a new label
-/// can be typed over an old one.
-void frmDoors::ShowRecord() {
+/// can be typed over an old one. What was typed since the boxes held `atLabel`, while the file was
+/// in use, stays.
+void frmDoors::ShowRecord(const DoorText& atLabel) {
     const QString label = ui->cmbDoorLabel->currentText();
     if (const auto door = LoadDoorRecord(m_session, label)) {
-        const bool dropped = m_shown.DiffersIn(TypedRecord());
+        const bool dropped = m_shown.DiffersIn(atLabel);
+        const DoorText typed = TypedRecord();
         ShowDoor(*door);
+        ShowTexts(TextAfterConflict(typed, {door, atLabel}, *door));
         if (dropped)
             Tell(tr("What was typed before %1 came up was not saved").arg(DoorNamed(label)));
         return;
@@ -399,8 +409,7 @@ std::optional<QString> frmDoors::StoreRecord() {
     OnRecord([&] { saved = SaveDoorRecord(m_session, TypedRecord(), m_shown); });
     if (!saved)
         return std::nullopt;
-    Tell(WhatBecame(*saved));
-    LoadDoorLists();
+    TellDone(WhatBecame(*saved), [this] { LoadDoorLists(); });
     m_doors.Choose(saved->key);
     return saved->label;
 }
@@ -411,7 +420,7 @@ void frmDoors::KeepRecord() {
     if (const auto stored = StoreRecord())
         AskFor(*stored);
     else
-        ShowRecord();
+        ShowRecord(TypedRecord());
 }
 
 void frmDoors::Save() {
@@ -435,10 +444,11 @@ void frmDoors::Delete() {
                                       m_session.ProgramTitle))
         return;
     OnRecord([this] { DeleteDoorRecord(m_session, *m_shown.stored); });
-    Tell(tr("%1 deleted").arg(DoorNamed(label)));
-    LoadDoorLists();
+    TellDone(tr("%1 deleted").arg(DoorNamed(label)), [this] {
+        LoadDoorLists();
+        ui->cmdDelete->setEnabled(HasDoors(m_session));
+    });
     ui->cmbDoorLabel->setFocus();
-    ui->cmdDelete->setEnabled(HasDoors(m_session));
 }
 
 void frmDoors::Assign() {
@@ -454,18 +464,20 @@ void frmDoors::Assign() {
     if (m_shown.stored && m_shown.stored->key == door->key)
         shownKey = m_shown.stored->CutsLabel;
     const auto [count, keyID] = AssignDoorToKey(m_session, *key, *door, shownKey);
+    const auto show = [this] {
+        LoadKeyedDoors();
+        ShowKeyedTo();
+    };
     const QString doors = Doors(count, door->label);
     if (keyID.isEmpty()) {
         const QString text = tr("%1 left without a key: a Key ID of more than 10 characters, such "
                                 "as %2, cannot be assigned.")
                                  .arg(doors, Named(key->label));
-        Tell(text);
         m_session.boxes.Message(text, m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
+        TellDone(text, show);
     } else {
-        Tell(tr("%1 assigned to %2").arg(doors, Named(keyID)));
+        TellDone(tr("%1 assigned to %2").arg(doors, Named(keyID)), show);
     }
-    LoadKeyedDoors();
-    ShowKeyedTo();
 }
 
 void frmDoors::Remove() {
@@ -478,9 +490,10 @@ void frmDoors::Remove() {
         return;
     }
     const int count = RemoveDoorFromKey(m_session, *key, *door);
-    Tell(tr("%1 removed from %2").arg(Doors(count, door->label), Named(key->label)));
-    LoadKeyedDoors();
-    ShowKeyedTo();
+    TellDone(tr("%1 removed from %2").arg(Doors(count, door->label), Named(key->label)), [this] {
+        LoadKeyedDoors();
+        ShowKeyedTo();
+    });
 }
 
 void frmDoors::OpenMapForDoor() {

@@ -87,7 +87,7 @@ private:
     void BringUp(const QString& label);
     bool MayDropRecord();
     void TestLabel();
-    void ShowRecord();
+    void ShowRecord(const DoorText& atLabel);
     void ShowDoor(const DoorsRow& door);
     void ShowNoDoor();
     void ShowMapCaption(bool attached);

@@ -5,6 +5,7 @@
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
 #include "widgets/HelpContexts.h"
+#include "widgets/Manners.h"
 #include "widgets/TextList.h"
 
 #include <QKeyEvent>
@@ -117,7 +118,8 @@ void frmKeyUsers::WatchPeople() {
         ui->lstUserList->show();
     });
     On(ui->lstKeyHolders, &TextList::Clicked, [this] { LoadUser(); });
-    On(ui->txtUserSearch, &QLineEdit::textChanged, [this] { LoadKeyHolders(); });
+    On(ui->txtUserSearch, &QLineEdit::textChanged,
+       [this] { WhileTyping(ui->txtUserSearch, [this] { LoadKeyHolders(); }); });
     On(ui->txtUserNumber, &QLineEdit::textChanged, [this] { HideUserList(); });
     ui->lstKeyHolders->SetSearchBox(ui->txtUserSearch);
     OnLeaving(ui->cmbDepartment, [this] {
@@ -135,7 +137,7 @@ void frmKeyUsers::WatchPeople() {
 void frmKeyUsers::WatchKeys() {
     On(ui->txtKeySearch, &QLineEdit::textChanged, [this] {
         HideUserList();
-        LoadKeyIDs();
+        WhileTyping(ui->txtKeySearch, [this] { LoadKeyIDs(); });
     });
     ui->lstKeyIDs->SetSearchBox(ui->txtKeySearch);
     On(ui->lstKeyIDs, &TextList::Clicked, [this] { SelectKey(); });
@@ -189,7 +191,7 @@ bool frmKeyUsers::eventFilter(QObject* watched, QEvent* event) {
         // No blank can be typed into the number: it would end it in every list.
         if (watched == ui->txtUserNumber && press->text() == QLatin1String(" "))
             return true;
-        if (KeyPressed(watched, press->key()))
+        if (IsEnter(*press) && EnterPressed(watched))
             return true;
     }
     // A window that becomes the active one again has gone on to nothing.
@@ -200,9 +202,7 @@ bool frmKeyUsers::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// Enter goes on to the next box of a person. True when it did.
-bool frmKeyUsers::KeyPressed(QObject* watched, int key) {
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return false;
+bool frmKeyUsers::EnterPressed(QObject* watched) {
     if (watched == ui->cmdAddUser) {
         Guarded([this] { SaveUser(); });
         return true;
@@ -333,14 +333,16 @@ void frmKeyUsers::SaveUser() {
         saved.outcome != SavedHolder::Outcome::Added)
         return;
     m_person.Clear();
-    LoadDepartments();
-    LoadKeyHolders();
-    HighlightHolder(0); // Nobody is brought up now.
-    LoadUnitHolders();  // It names the holder too.
+    const bool added = saved.outcome == SavedHolder::Outcome::Added;
+    TellDone((added ? tr("User %1 added: %2") : tr("User %1 saved: %2"))
+                 .arg(saved.stored.UserIDNumber, NameOf(saved.stored)),
+             [this] {
+                 HighlightHolder(0); // Nobody is brought up now.
+                 LoadDepartments();
+                 LoadKeyHolders();
+                 LoadUnitHolders(); // It names the holder too.
+             });
     ui->txtUserNumber->setFocus();
-    Tell((saved.outcome == SavedHolder::Outcome::Added ? tr("User %1 added: %2")
-                                                       : tr("User %1 saved: %2"))
-             .arg(saved.stored.UserIDNumber, NameOf(saved.stored)));
 }
 
 void frmKeyUsers::DeleteUser() {
@@ -361,8 +363,8 @@ void frmKeyUsers::DeleteUser() {
     case HolderDeleted::Deleted:
         if (m_person.Shown().key == listed->key)
             m_person.Refresh({});
-        Tell(tr("User deleted: %1").arg(listed->line));
-        break;
+        TellDone(tr("User deleted: %1").arg(listed->line), [this] { LoadKeyHolders(); });
+        return;
     }
     LoadKeyHolders();
 }
@@ -426,14 +428,15 @@ void frmKeyUsers::OrderUnits() {
         return;
     }
     const BusyPointer busy;
-    TellIssued(
-        IssueUnits(m_session, m_keyInHand, ui->txtUnitID->text(), ui->txtLastUnitID->text()));
-    LoadUnitList();
+    const Issued issued =
+        IssueUnits(m_session, m_keyInHand, ui->txtUnitID->text(), ui->txtLastUnitID->text());
+    TellDone(WhatWasIssued(issued), [this] { LoadUnitList(); });
     ui->txtUnitID->setFocus();
     ui->txtUnitID->selectAll();
 }
 
-void frmKeyUsers::TellIssued(const Issued& issued) {
+/// Tells why units were not issued; gives what has become of them.
+QString frmKeyUsers::WhatWasIssued(const Issued& issued) {
     const QString& keyID = m_keyInHand.keyID;
     if (issued.outcome == Issued::Outcome::NoNumber)
         m_session.boxes.Message(tr("The first unit of a run must begin with a digit."),
@@ -442,11 +445,10 @@ void frmKeyUsers::TellIssued(const Issued& issued) {
         m_session.boxes.Message(tr("Units of a run can be numbered up to 32767."),
                                 m_session.ProgramTitle);
     if (issued.outcome == Issued::Outcome::Exists)
-        Tell(tr("Unit %1 of %2 exists already, nothing issued").arg(ui->txtUnitID->text(), keyID));
-    else if (issued.count == 1)
-        Tell(tr("Unit %1 of %2 issued").arg(issued.lastUnit, keyID));
-    else
-        Tell(tr("%1 units of %2 issued").arg(QString::number(issued.count), keyID));
+        return tr("Unit %1 of %2 exists already, nothing issued").arg(ui->txtUnitID->text(), keyID);
+    if (issued.count == 1)
+        return tr("Unit %1 of %2 issued").arg(issued.lastUnit, keyID);
+    return tr("%1 units of %2 issued").arg(QString::number(issued.count), keyID);
 }
 
 /// A unit goes to the holder who is highlighted, and to nobody else whom the form may show.
@@ -482,9 +484,9 @@ void frmKeyUsers::Assign() {
     if (!HolderIsOnForm(*holder))
         return;
     const Assigned assigned = AssignUnit(m_session, m_keyInHand, unit, *holder);
-    Tell(tr("Unit %1 of %2 handed out to %3")
-             .arg(assigned.unit, m_keyInHand.keyID, NameOf(assigned.holder)));
-    ShowUnits();
+    TellDone(tr("Unit %1 of %2 handed out to %3")
+                 .arg(assigned.unit, m_keyInHand.keyID, NameOf(assigned.holder)),
+             [this] { ShowUnits(); });
 }
 
 void frmKeyUsers::TakeBack(bool lost) {
@@ -515,10 +517,13 @@ void frmKeyUsers::TakeBack(bool lost) {
         }
     }
     const auto taken = TakeBackUnit(m_session, m_keyInHand, line, holders.back(), note, lost);
-    Tell((lost ? tr("Unit %1 of %2 recorded as lost by %3") : tr("Unit %1 of %2 returned by %3"))
-             .arg(taken.back().unit, keyID, name));
-    LoadKeyHolders();
-    ShowUnits();
+    TellDone(
+        (lost ? tr("Unit %1 of %2 recorded as lost by %3") : tr("Unit %1 of %2 returned by %3"))
+            .arg(taken.back().unit, keyID, name),
+        [this] {
+            LoadKeyHolders();
+            ShowUnits();
+        });
     TellTakenAlong(taken);
 }
 
@@ -541,8 +546,7 @@ void frmKeyUsers::DeleteSelectedUnit() {
                                       m_session.ProgramTitle))
         return;
     DeleteUnit(m_session, m_keyInHand, unit);
-    Tell(tr("Unit %1 of %2 deleted").arg(unit, m_keyInHand.keyID));
-    ShowUnits();
+    TellDone(tr("Unit %1 of %2 deleted").arg(unit, m_keyInHand.keyID), [this] { ShowUnits(); });
 }
 
 // The personnel file.

@@ -36,7 +36,7 @@ private:
     void WatchPeople();
     void WatchKeys();
     void KeepRoomOfUserList();
-    bool KeyPressed(QObject* watched, int key);
+    bool EnterPressed(QObject* watched);
 
     void LoadKeyHolders();
     void LoadDepartments();
@@ -64,7 +64,7 @@ private:
     void ShowUnits();
     void ShowKeyOfUserList();
     void OrderUnits();
-    void TellIssued(const Issued& issued);
+    QString WhatWasIssued(const Issued& issued);
     bool HolderIsOnForm(const ListedHolder& holder);
     void Assign();
     void TakeBack(bool lost);

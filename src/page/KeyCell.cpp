@@ -2,6 +2,7 @@
 
 #include "engine/CellStates.h"
 #include "widgets/KeyPainter.h"
+#include "widgets/Manners.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -62,7 +63,7 @@ void KeyCell::paintEvent(QPaintEvent*) {
 }
 
 void KeyCell::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (IsEnter(*event))
         click();
     else if (event->key() >= Qt::Key_Left && event->key() <= Qt::Key_Down)
         event->ignore(); // The grid knows the neighbours.

@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "ui_RecordPanel.h"
+#include "widgets/Manners.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -120,11 +121,17 @@ bool RecordPanel::eventFilter(QObject* watched, QEvent* event) {
         event->accept(); // It has more lines than it shows, and moves through them itself.
         return true;
     }
-    if (event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        QWidget* next = BoxAfter(watched);
-        if (next && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+    if (event->type() == QEvent::KeyPress && IsEnter(*static_cast<QKeyEvent*>(event))) {
+        if (QWidget* next = BoxAfter(watched)) {
             next->setFocus();
+            return true;
+        }
+        // Once more than needed, it must not put a line end in the place of the whole text.
+        QTextCursor cursor = ui->txtDescription->textCursor();
+        const bool whole = cursor.selectionEnd() - cursor.selectionStart() ==
+                           ui->txtDescription->toPlainText().size();
+        if (watched == ui->txtDescription && cursor.hasSelection() && whole) {
+            ui->txtDescription->moveCursor(QTextCursor::End);
             return true;
         }
     }

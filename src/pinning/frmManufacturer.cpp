@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 #include "ui_frmManufacturer.h"
 #include "widgets/HelpContexts.h"
+#include "widgets/Manners.h"
 
 #include <QKeyEvent>
 
@@ -42,13 +43,11 @@ void frmManufacturer::WatchSizes() {
 
 bool frmManufacturer::eventFilter(QObject* watched, QEvent* event) {
     const auto box = std::find(m_sizes.begin(), m_sizes.end(), watched);
-    if (box != m_sizes.end() && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            if (const auto next = std::next(box); next != m_sizes.end())
-                (*next)->setFocus();
-            return true;
-        }
+    if (box != m_sizes.end() && event->type() == QEvent::KeyPress &&
+        IsEnter(*static_cast<QKeyEvent*>(event))) {
+        if (const auto next = std::next(box); next != m_sizes.end())
+            (*next)->setFocus();
+        return true;
     }
     return Form::eventFilter(watched, event);
 }
@@ -136,8 +135,7 @@ void frmManufacturer::Save() {
         return;
     }
     SavePinSizes(m_session, *m_shown, TypedSizes());
-    Reload();
-    Tell(tr("The pin sizes of %1 are saved").arg(m_shown ? m_shown->Name : QString()));
+    TellDone(tr("The pin sizes of %1 are saved").arg(m_shown->Name), [this] { Reload(); });
 }
 
 void frmManufacturer::DeleteBrand() {
@@ -148,10 +146,12 @@ void frmManufacturer::DeleteBrand() {
                                       m_session.ProgramTitle))
         return;
     DeleteLockBrand(m_session, *m_shown);
-    const QString next = ListLockBrands(m_session).value(0);
-    FillBrands(next);
-    ShowBrand(FindLockBrand(m_session, next));
-    Tell(tr("%1 is deleted").arg(name));
+    ShowBrand({});
+    TellDone(tr("%1 is deleted").arg(name), [this] {
+        const QString next = ListLockBrands(m_session).value(0);
+        FillBrands(next);
+        ShowBrand(FindLockBrand(m_session, next));
+    });
 }
 
 QString frmManufacturer::Unsaved() const {

@@ -75,7 +75,7 @@ DatabaseError Database::Failure(int result, const QString& message, Attempt atte
 }
 
 Database::Database(const QString& path, int busyTimeout, Access access)
-    : m_path(path), m_engine(std::make_unique<Engine>()) {
+    : m_path(path), m_engine(std::make_unique<Engine>()), m_patience(busyTimeout) {
     // The connection text has no way to write one: the engine would open, and make, another file.
     if (path.contains(u'"'))
         throw DatabaseError(DatabaseError::Kind::Other, path,
@@ -84,7 +84,7 @@ Database::Database(const QString& path, int busyTimeout, Access access)
     Guarded(Attempt::Reading, [&] {
         m_engine->session.open(soci::sqlite3,
                                ConnectionText(path, busyTimeout, access == Access::ReadOnly));
-        sqlite_api::sqlite3_busy_timeout(m_engine->Handle(), busyTimeout);
+        SetPatience(busyTimeout);
         m_engine->session << "PRAGMA synchronous = FULL";
         // Room for a whole large system, so that readers are shut out at the commit alone.
         m_engine->session << "PRAGMA cache_size = -32000";
@@ -96,6 +96,17 @@ Database::Database(const QString& path, int busyTimeout, Access access)
 }
 
 Database::~Database() = default;
+
+void Database::SetPatience(int busyTimeout) {
+    m_patience = busyTimeout;
+    sqlite_api::sqlite3_busy_timeout(m_engine->Handle(), busyTimeout);
+}
+
+ShortPatience::ShortPatience(Database& database)
+    : m_database(database), m_before(database.Patience()) {
+    constexpr int moment = 200;
+    m_database.SetPatience(moment);
+}
 
 std::unique_ptr<Database> Database::Open(const QString& path, const FileKind& kind,
                                          int busyTimeout) {

@@ -71,6 +71,10 @@ public:
     /// A number that differs when another connection has committed a change since it was taken.
     qint64 DataVersion() { return Number("PRAGMA data_version"); }
 
+    /// Waits for other workstations no longer than this from now on, in milliseconds.
+    void SetPatience(int busyTimeout);
+    int Patience() const { return m_patience; }
+
     /// Notes what it cannot report otherwise. The log must outlive the database.
     void NoteIn(const LogFile& log) { m_log = &log; }
 
@@ -98,9 +102,23 @@ private:
 
     QString m_path;
     std::unique_ptr<Engine> m_engine;
+    int m_patience;
     int m_transactions = 0; ///< open ones, one within the other
     qint64 m_stepsLeft = 0; ///< of a foreign file, in thousands
     const LogFile* m_log = nullptr;
+};
+
+/// For as long as it lives, a database waits for other workstations only a moment.
+class ShortPatience {
+public:
+    explicit ShortPatience(Database& database);
+    ~ShortPatience() { m_database.SetPatience(m_before); }
+    ShortPatience(const ShortPatience&) = delete;
+    ShortPatience& operator=(const ShortPatience&) = delete;
+
+private:
+    Database& m_database;
+    int m_before;
 };
 
 /// A forward walk over the rows that a SELECT gives. Each step fills the fields it was given.

@@ -86,6 +86,12 @@ QString RightTrimmed(const QString& text) {
     return text.left(TrimmedSize(text));
 }
 
+QString WithoutLastLineEnds(QString text) {
+    while (!text.isEmpty() && (text.back() == u'\n' || text.back() == u'\r'))
+        text.chop(1);
+    return text;
+}
+
 QString OneLine(QString text) {
     const auto ends = [](QChar c) {
         return c == u'\r' || c == u'\n' || c == u'\u2028' || c == u'\u2029';

@@ -26,6 +26,9 @@ QString Padded(const QString& text, int width);
 qsizetype TrimmedSize(QStringView text);
 QString RightTrimmed(const QString& text);
 
+/// Text without the line ends behind it.
+QString WithoutLastLineEnds(QString text);
+
 /// Text on one line: each line end, whichever kind it is of, becomes two blanks.
 QString OneLine(QString text);
 

@@ -1,5 +1,6 @@
 #include "widgets/Form.h"
 
+#include "platform/DatabaseError.h"
 #include "store/Conflict.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/WindowPlace.h"
@@ -11,6 +12,7 @@
 #include <QLabel>
 
 #include <exception>
+#include <utility>
 
 namespace quorrel {
 
@@ -37,7 +39,13 @@ private:
     std::function<void()> m_left;
 };
 
-FormCore::FormCore(QWidget& window, Session& session) : m_session(session), m_window(window) {}
+FormCore::FormCore(QWidget& window, Session& session) : m_session(session), m_window(window) {
+    constexpr int moment = 1000;
+    m_readLater.setSingleShot(true);
+    m_readLater.setInterval(moment);
+    QObject::connect(&m_readLater, &QTimer::timeout, &m_events,
+                     [this] { Guarded([this] { ReadTyped(); }); });
+}
 
 FormCore::~FormCore() = default;
 
@@ -98,7 +106,44 @@ void FormCore::OnLeaving(QWidget* box, std::function<bool()> action) {
     });
 }
 
+void FormCore::WhileTyping(QWidget* box, const std::function<void()>& read) {
+    m_toRead[box] = read;
+    if (!m_readLater.isActive())
+        ReadTyped();
+}
+
+void FormCore::ReadTyped() {
+    const auto reads = m_toRead;
+    try {
+        const ShortPatience patience(m_session.Keys());
+        for (const auto& [box, read] : reads)
+            read();
+    } catch (const DatabaseError& error) {
+        if (error.kind() != DatabaseError::Kind::Busy)
+            throw;
+        Tell(QStringLiteral("The file is in use by another workstation. What goes with the typed "
+                            "text follows in a moment."));
+        m_readsLate = true;
+        m_readLater.start();
+        return;
+    }
+    m_toRead.clear();
+    if (std::exchange(m_readsLate, false))
+        Tell({});
+}
+
 bool FormCore::LeaveBox() {
+    if (m_readLater.isActive()) {
+        const auto reads = m_toRead;
+        for (const auto& [box, read] : reads)
+            read();
+        m_readLater.stop();
+        m_toRead.clear();
+        m_readsLate = false;
+        Tell(QStringLiteral("What goes with the typed text came up only now. Nothing was done yet: "
+                            "look at it, and choose again."));
+        return false;
+    }
     for (const auto& [box, action] : m_boxes)
         if (box->hasFocus())
             return action();
@@ -126,6 +171,18 @@ void FormCore::OfferFoot() {
 void FormCore::Tell(const QString& text) {
     if (m_foot)
         m_foot->setText(text);
+}
+
+void FormCore::TellDone(const QString& what, const std::function<void()>& show) {
+    try {
+        show();
+    } catch (const DatabaseError& error) {
+        m_session.boxes.Message(
+            what + QStringLiteral(".\n\nThis window could not be brought up to date after it: ") +
+                QString::fromUtf8(error.what()),
+            m_session.ProgramTitle, BoxButtons::Ok, BoxIcon::Warning);
+    }
+    Tell(what);
 }
 
 void FormCore::PlaceAt(double left, double above) {

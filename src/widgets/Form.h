@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QShowEvent>
+#include <QTimer>
 
 #include <functional>
 #include <map>
@@ -103,12 +104,21 @@ protected:
         });
     }
 
+    /// Reads what goes with the text of a box while that is typed. A file that is in use keeps
+    /// nobody from typing on: the foot says so, and it is read a moment later. A command that
+    /// finds it unread reads it instead of acting. `read` takes the text that stands in the box by
+    /// then.
+    void WhileTyping(QWidget* box, const std::function<void()>& read);
+
     /// Gives the form its help topic, for F1 and for its help button.
     void OfferHelp(int context, QAbstractButton* button = nullptr);
 
     /// Gives the form a line at its foot, in which `Tell` says what was stored.
     void OfferFoot();
     void Tell(const QString& text);
+    /// Says what was stored, after `show` has read anew what the form shows of it. It stays stored
+    /// when that cannot be read, and the message says so.
+    void TellDone(const QString& what, const std::function<void()>& show);
 
     /// Where the form comes up for the first time, as shares of the free room to its left and
     /// above it: two halves are the middle. Later it comes back to where the user left it.
@@ -135,10 +145,14 @@ private:
 
     /// Does what leaving the box with the focus does. False when the command is not to act.
     bool LeaveBox();
+    void ReadTyped();
 
     QWidget& m_window;
     FormEvents m_events;
-    std::map<QWidget*, std::function<bool()>> m_boxes; ///< and what leaving them does
+    std::map<QWidget*, std::function<bool()>> m_boxes;  ///< and what leaving them does
+    std::map<QWidget*, std::function<void()>> m_toRead; ///< of boxes that were typed into
+    QTimer m_readLater;
+    bool m_readsLate = false; ///< the foot says so
     QLabel* m_foot = nullptr;
     std::pair<double, double> m_share{0.5, 0.5}; ///< of the free room, left and above
     bool m_placed = false;

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QSlider>
 #include <QTextDocumentFragment>
@@ -24,6 +25,10 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Wheel)
             return RefusesWheel(watched, event);
+        if (event->type() == QEvent::KeyPress) {
+            const auto* press = static_cast<QKeyEvent*>(event);
+            return press->isAutoRepeat() && IsEnter(*press);
+        }
         if (event->type() == QEvent::ToolTip)
             return ShowTip(watched, *static_cast<QHelpEvent*>(event));
         return false;
@@ -119,6 +124,10 @@ void InstallManners() {
         return true;
     }();
     Q_UNUSED(once)
+}
+
+bool IsEnter(const QKeyEvent& press) {
+    return press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
 }
 
 QString PlainTip(const QString& text) {

@@ -16,14 +16,6 @@
 
 namespace quorrel {
 
-namespace {
-
-bool IsEnter(const QKeyEvent& press) {
-    return press.key() == Qt::Key_Return || press.key() == Qt::Key_Enter;
-}
-
-} // namespace
-
 TextList::TextList(QWidget* parent) : QListView(parent) {
     QFont columns = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     columns.setPointSizeF(font().pointSizeF());

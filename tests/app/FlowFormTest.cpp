@@ -2,32 +2,20 @@
 #include "access/frmLogoff.h"
 #include "page/frmMain.h"
 #include "store/DatabaseFiles.h"
+#include "support/FileInUse.h"
 #include "support/FormDriver.h"
 
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
+#include <QVBoxLayout>
 
 /// \file
 /// The flow from window to window, above all where something fails on the way.
 
 namespace quorrel::test {
 namespace {
-
-/// Another workstation that nobody can read or write beside, until it lets go.
-class FileInUse {
-public:
-    explicit FileInUse(RunningProgram& run)
-        : m_other(Database::Open(run.PathOf(kKeySystemFile), kKeySystemKind)) {
-        run.session.Keys().Execute("PRAGMA busy_timeout = 20");
-        m_other->Execute("BEGIN EXCLUSIVE");
-    }
-    ~FileInUse() { m_other->Execute("ROLLBACK"); }
-
-private:
-    std::unique_ptr<Database> m_other;
-};
 
 TEST(Flow, AFileInUseKeepsTheLogonOnTheScreen) {
     RunningProgram run;
@@ -99,6 +87,28 @@ TEST(Flow, ASplashThatFailsLeavesAWindow) {
     EXPECT_FALSE(run.IsLoaded("frmStart"));
     Click(run.Form("frmNetwork"), "cmdExit");
     EXPECT_TRUE(run.ended);
+}
+
+TEST(Flow, WhatIsStoredIsToldThoughItCannotBeReadBack) {
+    class Storing : public Form {
+    public:
+        explicit Storing(Session& session) : Form(session) {
+            setLayout(new QVBoxLayout);
+            OfferFoot();
+        }
+        using FormCore::TellDone;
+    };
+    TestProgram program;
+    Storing form(program.session);
+    const auto read = [&] { ListKeySystems(program.session); };
+    {
+        const FileInUse inUse(program);
+        program.boxes.Expect("A1 stored.\n\nThis window could not be brought up to date after");
+        form.TellDone("A1 stored", read);
+    }
+    EXPECT_EQ(LabelText(&form, "lblFoot"), "A1 stored");
+    form.TellDone("A2 stored", read);
+    EXPECT_EQ(LabelText(&form, "lblFoot"), "A2 stored");
 }
 
 TEST(Flow, ASystemThatIsGoneLeadsToTheList) {

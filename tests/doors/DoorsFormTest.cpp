@@ -3,6 +3,7 @@
 #include "doors/frmDoors.h"
 #include "platform/Text.h"
 #include "store/DatabaseFiles.h"
+#include "support/FileInUse.h"
 #include "support/FormDriver.h"
 #include "widgets/TextCombo.h"
 #include "widgets/TextList.h"
@@ -333,7 +334,7 @@ TEST_F(FrmDoors, AFailureToSaveIsToldAndLeavesWhatWasTyped) {
     Type(form, "cmbDoorLabel", "A1");
     Type(form, "txtDoorDescription", "kept");
     {
-        site.session.Keys().Execute("PRAGMA busy_timeout = 20");
+        site.session.Keys().SetPatience(20);
         const auto elsewhere = Database::Open(site.PathOf(kKeySystemFile), kKeySystemKind);
         const Transaction writing(*elsewhere);
         site.boxes.Expect("in use by another workstation");
@@ -344,12 +345,47 @@ TEST_F(FrmDoors, AFailureToSaveIsToldAndLeavesWhatWasTyped) {
     EXPECT_EQ(site.Doors().size(), 1U);
 }
 
+TEST_F(FrmDoors, WhoTypesIsNotKeptByAFileInUse) {
+    site.NameKey(0, Padded("K1", 12));
+    site.Save("A1", "Boiler room");
+    site.Save("B1", "Roof");
+    Open();
+    {
+        const FileInUse inUse(site);
+        Type(form, "txtSearchDoor", "b");
+        Type(form, "cmbDoorLabel", "A1");
+        EXPECT_EQ(LabelText(), "A1");
+        EXPECT_EQ(Area("txtDoorDescription"), "") << "not read yet";
+        EXPECT_TRUE(Foot().startsWith("The file is in use by another workstation."));
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Foot().isEmpty(); }));
+    EXPECT_EQ(Area("txtDoorDescription"), "Boiler room");
+    EXPECT_EQ(Lines("lstAllDoors"), QStringList(Padded("B1", 18) + "Roof"));
+
+    // A command does not act on what nobody has seen.
+    {
+        const FileInUse inUse(site);
+        Type(form, "cmbDoorLabel", "B1");
+        Type(form, "txtDoorDescription", "Attic");
+        site.boxes.Expect("in use by another workstation");
+        Click(form, "cmdSave");
+    }
+    Click(form, "cmdSave");
+    EXPECT_TRUE(Foot().contains("Nothing was done yet"));
+    EXPECT_EQ(Line("txtDoorID"), QString::number(site.system.SystemID * 10000 + 2)) << "came up";
+    EXPECT_EQ(Area("txtDoorDescription"), "Attic") << "typed since";
+    EXPECT_EQ(site.Door("B1").DoorDescription, "Roof");
+    Click(form, "cmdSave");
+    EXPECT_EQ(site.Door("B1").DoorDescription, "Attic");
+    EXPECT_EQ(site.Door("A1").DoorDescription, "Boiler room");
+}
+
 TEST_F(FrmDoors, PastesOfAnyTextAreKeptWhole) {
     Open();
-    const QString text =
-        QString::fromUtf8("\u05e9\u05e2\u05e8 O'Brien 100% \u00e9\n").repeated(500);
+    const QString text = QString::fromUtf8("\u05e9\u05e2\u05e8 O'Brien\n100% \u00e9").repeated(500);
     form->AskFor("100%_%1");
-    Find<QPlainTextEdit>(form, "txtDoorDescription")->setPlainText(text);
+    auto* description = Find<QPlainTextEdit>(form, "txtDoorDescription");
+    description->setPlainText(text + "\n\n"); // As a line copied from a table ends.
     Find<TextCombo>(form, "cmbHardware")->setEditText(QString(10000, 'h'));
     Click(form, "cmdSave");
     const DoorsRow door = site.Doors().at(0);

@@ -396,6 +396,22 @@ TEST(FrmMain, AFullDescriptionRefusesWhatIsTooMuchWhereItIsTyped) {
     EXPECT_EQ(box->toPlainText(), "d1" + full.mid(2)) << "as much as there is room for";
 }
 
+TEST(FrmMain, EnterOnceMoreThanNeededErasesNoDescription) {
+    RunningProgram run;
+    QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));
+    auto* box = Find<QPlainTextEdit>(main, "txtDescription");
+    box->setPlainText("Front door");
+    Find<QWidget>(main, "cmbDepartment")->setFocus();
+    QTest::keyClick(main->focusWidget(), Qt::Key_Return);
+    ASSERT_TRUE(box->hasFocus());
+    box->selectAll(); // As a box does that the Tab key comes into.
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(box->toPlainText(), "Front door");
+    QTest::keyClick(box, Qt::Key_Return);
+    QTest::keyClicks(box, "west");
+    EXPECT_EQ(box->toPlainText(), "Front door\nwest");
+}
+
 TEST(FrmMain, AFailedSaveKeepsTheTextAndLeavesAWayOut) {
     RunningProgram run;
     QWidget* main = run.OpenMain(StandardSystem("Pier", "2715"));

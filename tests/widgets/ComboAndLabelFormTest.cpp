@@ -4,7 +4,9 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QSpinBox>
@@ -64,6 +66,19 @@ TEST(TextComboTest, CodeFillsItWithoutASignalAndKeepsTheCursor) {
     combo.SetTexts({"Two"});
     EXPECT_EQ(combo.currentText(), "");
     EXPECT_EQ(edited.count() + shown.count() + moved.count(), 0);
+}
+
+TEST(MannersTest, AHeldEnterKeyIsPressedOnce) {
+    InstallManners();
+    QPlainTextEdit box;
+    box.show();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_A})
+        for (const bool held : {false, true, true}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier,
+                            key == Qt::Key_A ? QStringLiteral("a") : QStringLiteral("\r"), held);
+            QApplication::sendEvent(&box, &press);
+        }
+    EXPECT_EQ(box.toPlainText(), "\n\naaa");
 }
 
 TEST(MannersTest, TheWheelChangesNothingThatHasNotTheFocus) {
