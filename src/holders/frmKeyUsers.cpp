@@ -506,17 +506,14 @@ void frmKeyUsers::TakeBack(bool lost) {
     Tell((lost ? tr("Recording the loss of unit %1 of %2, held by %3")
                : tr("Taking back unit %1 of %2 from %3"))
              .arg(unit, keyID, name));
-    QString note;
-    for (std::size_t asked = 0; asked < holders.size(); ++asked) {
-        note =
-            m_session.boxes.Input(tr("Enter Note or Report Number"), tr("Lost or Returned Key"), {})
-                .value_or(QString());
-        if (note.isEmpty()) {
-            Tell(tr("Unit %1 of %2 stays with %3").arg(unit, keyID, name));
-            return;
-        }
+    const QString note = AskForNote(line, holders.size());
+    if (note.isEmpty()) {
+        Tell(tr("Unit %1 of %2 stays with %3").arg(unit, keyID, name));
+        return;
     }
+    m_unstoredNote = {line, note};
     const auto taken = TakeBackUnit(m_session, m_keyInHand, line, holders.back(), note, lost);
+    m_unstoredNote = {};
     TellDone(
         (lost ? tr("Unit %1 of %2 recorded as lost by %3") : tr("Unit %1 of %2 returned by %3"))
             .arg(taken.back().unit, keyID, name),
@@ -525,6 +522,18 @@ void frmKeyUsers::TakeBack(bool lost) {
             ShowUnits();
         });
     TellTakenAlong(taken);
+}
+
+/// Asks for the note of a unit's return or loss, once for each holder whom its line may name. One
+/// that could not be stored is not typed twice. Empty when it is cancelled.
+QString frmKeyUsers::AskForNote(const QString& line, std::size_t times) {
+    const QString before = m_unstoredNote.first == line ? m_unstoredNote.second : QString();
+    QString note;
+    for (std::size_t asked = 0; asked < times && (asked == 0 || !note.isEmpty()); ++asked)
+        note = m_session.boxes
+                   .Input(tr("Enter Note or Report Number"), tr("Lost or Returned Key"), before)
+                   .value_or(QString());
+    return note;
 }
 
 /// Units that went along with the one that was meant, since their texts begin its line.

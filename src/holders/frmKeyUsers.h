@@ -68,15 +68,17 @@ private:
     bool HolderIsOnForm(const ListedHolder& holder);
     void Assign();
     void TakeBack(bool lost);
+    QString AskForNote(const QString& line, std::size_t times);
     void TellTakenAlong(const std::vector<TakenUnit>& taken);
     void DeleteSelectedUnit();
 
     std::unique_ptr<Ui::frmKeyUsers> ui;
     PersonFields m_person;
     HolderColumn m_column = HolderColumn::UserID;
-    std::vector<ListedHolder> m_holders; ///< of the lines of their list
-    std::vector<ListedKey> m_keys;       ///< of the lines of theirs
-    ListedKey m_keyInHand;               ///< whose units are shown
+    std::vector<ListedHolder> m_holders;        ///< of the lines of their list
+    std::vector<ListedKey> m_keys;              ///< of the lines of theirs
+    ListedKey m_keyInHand;                      ///< whose units are shown
+    std::pair<QString, QString> m_unstoredNote; ///< the unit's line, and its note
 };
 
 } // namespace quorrel

@@ -222,7 +222,7 @@ bool frmMain::SavePending(int leastLabel) {
     }
     ShowText(screen);
     ui->pnlStatus->Tell(m_record.LastStored());
-    ShowStored();
+    TellDone(m_record.LastStored(), [this] { ShowStored(); });
     return true;
 }
 

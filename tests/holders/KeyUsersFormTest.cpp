@@ -3,6 +3,7 @@
 #include "platform/Recordset.h"
 #include "store/DatabaseFiles.h"
 #include "store/SystemTables.h"
+#include "support/FileInUse.h"
 #include "support/FormDriver.h"
 #include "support/KeyBooks.h"
 #include "support/OtherSession.h"
@@ -110,7 +111,13 @@ TEST_F(FrmKeyUsers, TheRoadOfAUnit) {
     Click("cmdRemove");
     EXPECT_EQ(Lines("lstKeyUsers").size(), 1) << "without a note it stays held";
     EXPECT_EQ(Foot(), "Unit 2 of A1 stays with Jones Bo");
-    program.boxes.ExpectInput("Enter Note or Report Number", "R-1");
+    std::unique_ptr<FileInUse> inUse;
+    program.boxes.ExpectInput("Enter Note or Report Number|", "R-1");
+    program.boxes.WhileNextIsUp([&] { inUse = std::make_unique<FileInUse>(program); });
+    program.boxes.Expect("in use by another workstation");
+    Click("cmdRemove");
+    inUse.reset();
+    program.boxes.ExpectInput("Enter Note or Report Number|R-1", "R-1"); // not typed again
     Click("cmdRemove");
     EXPECT_EQ(Lines("lstUnitID").value(1), "2***Returned!");
     EXPECT_EQ(Foot(), "Unit 2 of A1 returned by Jones Bo");
