@@ -319,7 +319,11 @@ void frmDoors::ShowRecord(const DoorText& atLabel) {
         const DoorText typed = TypedRecord();
         ShowDoor(*door);
         ShowTexts(TextAfterConflict(typed, {door, atLabel}, *door));
-        if (dropped)
+        if (m_shown.DiffersIn(TypedRecord()))
+            Tell(tr("%1 came up only now. What you have typed since then stands in the place of "
+                    "what is stored.")
+                     .arg(DoorNamed(label)));
+        else if (dropped)
             Tell(tr("What was typed before %1 came up was not saved").arg(DoorNamed(label)));
         return;
     }

@@ -114,6 +114,8 @@ void FormCore::WhileTyping(QWidget* box, const std::function<void()>& read) {
 
 void FormCore::ReadTyped() {
     const auto reads = m_toRead;
+    if (std::exchange(m_readsLate, false))
+        Tell({});
     try {
         const ShortPatience patience(m_session.Keys());
         for (const auto& [box, read] : reads)
@@ -128,8 +130,6 @@ void FormCore::ReadTyped() {
         return;
     }
     m_toRead.clear();
-    if (std::exchange(m_readsLate, false))
-        Tell({});
 }
 
 bool FormCore::LeaveBox() {

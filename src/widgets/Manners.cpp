@@ -25,16 +25,26 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Wheel)
             return RefusesWheel(watched, event);
-        if (event->type() == QEvent::KeyPress) {
-            const auto* press = static_cast<QKeyEvent*>(event);
-            return press->isAutoRepeat() && IsEnter(*press);
-        }
+        if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
+            return IsHeldEnter(*static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::ToolTip)
             return ShowTip(watched, *static_cast<QHelpEvent*>(event));
         return false;
     }
 
 private:
+    /// Whether it is the Enter key pressed on. On a busy machine a repeated press may come without
+    /// that mark; it then comes at the very moment of the release that goes with it.
+    bool IsHeldEnter(const QKeyEvent& key) {
+        if (!IsEnter(key))
+            return false;
+        if (key.type() == QEvent::KeyRelease) {
+            m_enterReleased = key.timestamp();
+            return false;
+        }
+        return key.isAutoRepeat() || (key.timestamp() != 0 && key.timestamp() == m_enterReleased);
+    }
+
     /// Rolling on over a window must not change what stands in its boxes.
     static bool RefusesWheel(QObject* watched, QEvent* event) {
         const bool changes = qobject_cast<QComboBox*>(watched) ||
@@ -53,6 +63,8 @@ private:
         QToolTip::showText(help.globalPos(), PlainTip(widget->toolTip()), widget);
         return true;
     }
+
+    quint64 m_enterReleased = 0; ///< milliseconds of the window system
 };
 
 /// A label as a screen reader gets it.

@@ -360,6 +360,14 @@ TEST_F(FrmDoors, WhoTypesIsNotKeptByAFileInUse) {
     }
     EXPECT_TRUE(QTest::qWaitFor([this] { return Foot().isEmpty(); }));
     EXPECT_EQ(Area("txtDoorDescription"), "Boiler room");
+    {
+        const FileInUse inUse(site);
+        Type(form, "cmbDoorLabel", "B1");
+        Type(form, "txtDoorDescription", "Flat");
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Foot().contains("Door B1 came up only now."); }));
+    EXPECT_EQ(Area("txtDoorDescription"), "Flat");
+    Type(form, "cmbDoorLabel", "A1");
     EXPECT_EQ(Lines("lstAllDoors"), QStringList(Padded("B1", 18) + "Roof"));
 
     // A command does not act on what nobody has seen.
