@@ -110,7 +110,7 @@ void frmDoors::WatchRecord() {
     On(ui->cmbDoorLabel, &QComboBox::editTextChanged, [this] { LabelChanged(); });
     On(ui->cmbDoorLabel, &QComboBox::activated, [this] { LabelChosen(); });
     On(ui->cmbHardware, &QComboBox::editTextChanged,
-       [this] { WhileTyping(ui->cmbHardware, [this] { ShowHardwareCount(); }); });
+       [this] { WhileTyping(ui->cmbHardware->lineEdit(), [this] { ShowHardwareCount(); }); });
     On(ui->cmbHardware, &QComboBox::activated,
        [this] { ui->cmbHardware->lineEdit()->setReadOnly(false); });
     On(ui->ckCrossKeyed, &QCheckBox::toggled,
@@ -270,7 +270,8 @@ void frmDoors::LabelChanged() {
     if (ui->cmbDoorLabel->lineEdit()->isModified()) {
         m_label = ui->cmbDoorLabel->currentText();
         TestLabel();
-        WhileTyping(ui->cmbDoorLabel, [this, typed = TypedRecord()] { ShowRecord(typed); });
+        WhileTyping(ui->cmbDoorLabel->lineEdit(),
+                    [this, typed = TypedRecord()] { ShowRecord(typed); });
         return;
     }
     m_chosen = true;

@@ -383,7 +383,12 @@ void frmKeyUsers::SelectKey() {
     ShowUnits();
 }
 
+/// No unit of another key stays listed or highlighted, whether those of this one can be read or
+/// not.
 void frmKeyUsers::TakeInHand(const ListedKey& key) {
+    if (key.key != m_keyInHand.key)
+        for (TextList* units : {ui->lstUnitID, ui->lstKeyUsers})
+            units->SetLines({});
     m_keyInHand = key;
     ui->lblKeyUnit->setText(CaptionOf(key.line));
     ui->lblLastUnit->setText(tr("Last Issued "));

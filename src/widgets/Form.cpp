@@ -10,6 +10,7 @@
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 #include <exception>
 #include <utility>
@@ -106,7 +107,12 @@ void FormCore::OnLeaving(QWidget* box, std::function<bool()> action) {
     });
 }
 
-void FormCore::WhileTyping(QWidget* box, const std::function<void()>& read) {
+void FormCore::WhileTyping(QLineEdit* box, const std::function<void()>& read) {
+    if (!box->isModified()) {
+        m_toRead.erase(box);
+        read();
+        return;
+    }
     m_toRead[box] = read;
     if (!m_readLater.isActive())
         ReadTyped();

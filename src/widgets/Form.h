@@ -17,6 +17,7 @@
 #include <utility>
 
 class QLabel;
+class QLineEdit;
 
 namespace quorrel {
 
@@ -107,8 +108,8 @@ protected:
     /// Reads what goes with the text of a box while that is typed. A file that is in use keeps
     /// nobody from typing on: the foot says so, and it is read a moment later. A command that
     /// finds it unread reads it instead of acting. `read` takes the text that stands in the box by
-    /// then.
-    void WhileTyping(QWidget* box, const std::function<void()>& read);
+    /// then. What goes with a text that the program has put there is read at once.
+    void WhileTyping(QLineEdit* box, const std::function<void()>& read);
 
     /// Gives the form its help topic, for F1 and for its help button.
     void OfferHelp(int context, QAbstractButton* button = nullptr);
@@ -149,8 +150,8 @@ private:
 
     QWidget& m_window;
     FormEvents m_events;
-    std::map<QWidget*, std::function<bool()>> m_boxes;  ///< and what leaving them does
-    std::map<QWidget*, std::function<void()>> m_toRead; ///< of boxes that were typed into
+    std::map<QWidget*, std::function<bool()>> m_boxes;    ///< and what leaving them does
+    std::map<QLineEdit*, std::function<void()>> m_toRead; ///< of boxes that were typed into
     QTimer m_readLater;
     bool m_readsLate = false; ///< the foot says so
     QLabel* m_foot = nullptr;

@@ -294,6 +294,28 @@ TEST_F(FrmKeyUsers, AUnitGoesToTheOneHighlightedOrToNobody) {
     EXPECT_EQ(Recordset<ReturnKeyRow>(program.session.Keys()).First()->UserName, "Smythe, Ann");
 }
 
+TEST_F(FrmKeyUsers, NoUnitOfOneKeyIsTakenForThatOfAnother) {
+    for (const int key : {1, 0}) {
+        ClickLine("lstKeyIDs", key);
+        Type("txtUnitID", "7");
+        Click("cmdIssueKey");
+    }
+    ClickLine("lstUnitID", 0);
+    ClickLine("lstKeyIDs", 1);
+    EXPECT_EQ(Lines("lstUnitID"), QStringList{"7"});
+    Click("cmdDeleteUnit"); // Nobody has chosen this one.
+    EXPECT_EQ(Find<TextList>(form.get(), "lstUnitID")->CurrentText(), "");
+    ClickLine("lstUnitID", 0);
+    {
+        const FileInUse inUse(program);
+        program.boxes.Expect("in use by another workstation");
+        ClickLine("lstKeyIDs", 0);
+        EXPECT_EQ(Lines("lstUnitID"), QStringList());
+    }
+    ClickLine("lstKeyIDs", 0);
+    EXPECT_EQ(Lines("lstUnitID"), QStringList{"7"});
+}
+
 TEST_F(FrmKeyUsers, ANumberThatIsAnothersIsAskedAbout) {
     AddHolder("1", "Ann", "Smith", "");
     AddHolder("2", "Bo", "Jones", "");
