@@ -9,6 +9,7 @@
 #include "widgets/TextList.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <QTimer>
 
 #include <algorithm>
@@ -237,8 +238,17 @@ void frmKeyUsers::HighlightHolder(RowKey key) {
     ui->lstKeyHolders->SetCurrentRow(RowOf(m_holders, key));
 }
 
+/// Lists whom the program searches for. Whatever comes next stops where they cannot be read.
+void frmKeyUsers::SearchHolders(const QString& text) {
+    {
+        const QSignalBlocker blocker(ui->txtUserSearch);
+        ui->txtUserSearch->setText(text);
+    }
+    LoadKeyHolders();
+}
+
 void frmKeyUsers::ShowHolder(const QString& number) {
-    ui->txtUserSearch->setText(number);
+    SearchHolders(number);
     for (const ListedHolder& listed : m_holders) {
         if (listed.number != number)
             continue;
@@ -418,7 +428,12 @@ void frmKeyUsers::ShowUnits() {
 void frmKeyUsers::ShowKeyOfUserList() {
     const QString line = ui->lstUserList->CurrentText();
     const QString keyID = line.left(line.indexOf(QStringLiteral("  ")));
-    ui->txtKeySearch->setText(keyID);
+    {
+        const QSignalBlocker blocker(ui->txtKeySearch);
+        ui->txtKeySearch->setText(keyID);
+    }
+    HideUserList();
+    LoadKeyIDs();
     if (m_keys.empty() || m_keys.front().keyID != RightTrimmed(keyID))
         return;
     ui->lstKeyIDs->SetCurrentRow(0);
@@ -580,7 +595,7 @@ void frmKeyUsers::LookUpPerson() {
         return;
     const BusyPointer busy;
     const QString number = ui->txtUserNumber->text();
-    ui->txtUserSearch->setText(number);
+    SearchHolders(number);
     if (!number.isEmpty())
         FillFromPersonnel(FindPersonnelByValue(m_session, number));
 }
@@ -591,7 +606,7 @@ void frmKeyUsers::SaveUserWithLookup() {
         TellNumberIsRequired();
         return;
     }
-    ui->txtUserSearch->setText(number);
+    SearchHolders(number);
     if (ui->txtFirstName->text().isEmpty()) {
         if (m_session.SystemInfo.personel && !m_session.PersonnelAvailable)
             m_session.boxes.Message(tr("External Employee Records Are Not Currently Available"),

@@ -39,6 +39,7 @@ private:
     bool EnterPressed(QObject* watched);
 
     void LoadKeyHolders();
+    void SearchHolders(const QString& text);
     void LoadDepartments();
     std::optional<ListedHolder> HighlightedHolder() const;
     void HighlightHolder(RowKey key);
