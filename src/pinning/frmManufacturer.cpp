@@ -104,12 +104,12 @@ bool frmManufacturer::BrandLeft() {
     const auto known = FindLockBrand(m_session, name);
     if (known && m_shown && known->key == m_shown->key)
         return true; // What was typed for it stays.
-    if (!MayDrop()) {
-        FillBrands(m_shown->Name);
-        return false;
-    }
     // Sizes that were typed before their brand are the new brand's.
     const bool keep = !known && !m_shown;
+    if (!keep && !MayDrop()) {
+        FillBrands(m_shown ? m_shown->Name : QString());
+        return false;
+    }
     m_shown = known ? *known : FindOrAddLockBrand(m_session, name);
     if (!keep)
         ShowSizes(SizesOf(*m_shown));
@@ -155,10 +155,10 @@ void frmManufacturer::DeleteBrand() {
 }
 
 QString frmManufacturer::Unsaved() const {
-    const bool differs = m_shown && TypedSizes() != m_shownSizes;
-    return differs && m_session.SessionPermissions.CreateSystem
-               ? tr("What you have typed for %1").arg(m_shown->Name)
-               : QString();
+    if (TypedSizes() == m_shownSizes || !m_session.SessionPermissions.CreateSystem)
+        return {};
+    return m_shown ? tr("What you have typed for %1").arg(m_shown->Name)
+                   : tr("What you have typed for a lock brand without a name");
 }
 
 } // namespace quorrel

@@ -111,6 +111,20 @@ TEST_F(FrmManufacturer, TheBrandInTheBoxIsTheOneThatACommandActsOn) {
     EXPECT_EQ(Recordset<ManufacturerRow>(run.session.Keys()).Count(), 2);
 }
 
+TEST_F(FrmManufacturer, SizesTypedBeforeTheirBrandAreItsOwn) {
+    run.boxes.Expect("Are you sure you want to delete Generic", BoxAnswer::Yes);
+    Click(form, "Command1");
+    Type(form, "txtBottom_0", ".150");
+    run.boxes.Expect("What you have typed for a lock brand without a name is not saved.",
+                     BoxAnswer::No);
+    form->close();
+    auto* combo = Find<QComboBox>(form, "cmbLockBrand");
+    combo->setFocus();
+    combo->setEditText("Quayside");
+    Click(form, "cmdRecord");
+    EXPECT_EQ(FindPinSizes(run.session, "Quayside")->bottom[0], ".150");
+}
+
 TEST_F(FrmManufacturer, SizesOfTwoWorkstationsAreMerged) {
     run.session.Keys().Execute("UPDATE Manufacturer SET Bottom3 = '.777'");
     Type(form, "txtBottom_2", ".888");
