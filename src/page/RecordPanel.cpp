@@ -110,6 +110,17 @@ QWidget* RecordPanel::BoxAfter(const QObject* box) const {
     return box == ui->cmbDepartment ? ui->txtDescription : nullptr;
 }
 
+/// Pressed once more than needed, Enter must not put a line end in the place of the whole text: the
+/// caret goes to its end instead. Returns whether the whole text was selected.
+bool RecordPanel::KeepWholeDescription() {
+    const QTextCursor cursor = ui->txtDescription->textCursor();
+    const auto selected = cursor.selectionEnd() - cursor.selectionStart();
+    if (selected == 0 || selected != ui->txtDescription->toPlainText().size())
+        return false;
+    ui->txtDescription->moveCursor(QTextCursor::End);
+    return true;
+}
+
 bool RecordPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn)
         QTimer::singleShot(0, this, [this, watched] { EnterBox(watched); });
@@ -122,16 +133,11 @@ bool RecordPanel::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (event->type() == QEvent::KeyPress && IsEnter(*static_cast<QKeyEvent*>(event))) {
-        if (QWidget* next = BoxAfter(watched)) {
+        if (watched == ui->txtDescription) {
+            if (KeepWholeDescription())
+                return true;
+        } else if (QWidget* next = BoxAfter(watched)) {
             next->setFocus();
-            return true;
-        }
-        // Once more than needed, it must not put a line end in the place of the whole text.
-        QTextCursor cursor = ui->txtDescription->textCursor();
-        const bool whole = cursor.selectionEnd() - cursor.selectionStart() ==
-                           ui->txtDescription->toPlainText().size();
-        if (watched == ui->txtDescription && cursor.hasSelection() && whole) {
-            ui->txtDescription->moveCursor(QTextCursor::End);
             return true;
         }
     }

@@ -57,6 +57,7 @@ private:
     void RaiseCase(QObject* box);
     void HoldDescription();
     QWidget* BoxAfter(const QObject* box) const;
+    bool KeepWholeDescription();
 
     std::unique_ptr<Ui::RecordPanel> ui;
     QString m_place;
