@@ -6,6 +6,7 @@
 #include "access/frmLogoff.h"
 #include "access/frmLogon.h"
 #include "access/frmPermissions.h"
+#include "crosskeys/frmCrossKeyed.h"
 #include "doors/frmDoors.h"
 #include "holders/frmDBLostKeys.h"
 #include "holders/frmKeyUsers.h"
@@ -13,6 +14,7 @@
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
 #include "platform/Files.h"
+#include "search/frmFindKey.h"
 #include "start/Startup.h"
 #include "start/frmAbout.h"
 #include "start/frmDrive.h"
@@ -69,7 +71,8 @@ std::map<QString, Program::Opener> Program::FormsOfMain() {
         {name("frmEditHardware"), [this](auto& asking, auto&) { Open<frmEditHardware>(asking); }},
         {name("frmDoors"),
          [this](auto& asking, auto& label) {
-             auto* doors = Open<frmDoors>(asking);
+             auto* doors = LoadDoors();
+             ShowOver(*doors, asking);
              if (!label.isEmpty())
                  doors->AskFor(label);
          }},
@@ -77,6 +80,7 @@ std::map<QString, Program::Opener> Program::FormsOfMain() {
          [this](auto& asking, auto&) {
              When(Open<frmExit>(asking), &frmExit::Ended, [this] { End(); });
          }},
+        {name("frmFindKey"), [this](auto& asking, auto&) { ShowFind(asking); }},
         {name("frmKeyUsers"),
          [this](auto& asking, auto& number) {
              auto* users = Open<frmKeyUsers>(asking);
@@ -149,6 +153,8 @@ void Program::ShowOver(QWidget& next, QWidget& opener) {
 
 void Program::ShowInsteadOf(QWidget& next, QWidget* former) {
     BringBack(next);
+    if (former && former == m_main && m_find)
+        CoreOf(*m_find).LetGo();
     if (former)
         CoreOf(*former).LetGo();
 }
@@ -297,6 +303,52 @@ void Program::ShowPinning(const PinningRequest& request) {
         chart = LoadPinningChart(m_session, request);
     if (chart)
         Open<frmPinningChart>(*m_main, *chart);
+}
+
+frmDoors* Program::LoadDoors() {
+    auto* doors = Load<frmDoors>(DoorWindows{false, true});
+    When(doors, &frmDoors::CrossKeyWanted, [this, doors](const DoorsRow& door) {
+        Open<frmCrossKeyed>(*doors, door, m_main->SelectedKey());
+    });
+    return doors;
+}
+
+/// The find form waits hidden, with its texts, while what it has found is on the screen.
+void Program::ShowFind(QWidget& asking) {
+    if (m_find) {
+        BringBack(*m_find);
+        asking.hide();
+    } else {
+        m_find = LoadFind();
+        ShowOver(*m_find, asking);
+    }
+}
+
+frmFindKey* Program::LoadFind() {
+    auto* find = Load<frmFindKey>();
+    When(find, &frmFindKey::KeyFound, [this](const KeyHit& hit, const QString& told) {
+        const int page = PageToShow(m_session, hit);
+        BringBack(*m_main);
+        m_find->hide();
+        m_main->ShowFound(page, hit.position, told);
+    });
+    When(find, &frmFindKey::UnitsWanted, [this](const QString& keyID) {
+        auto* users = Load<frmKeyUsers>();
+        users->SearchKey(keyID);
+        ShowFromFind(*users);
+    });
+    When(find, &frmFindKey::DoorWanted, [this](const QString& label) {
+        auto* doors = LoadDoors();
+        ShowFromFind(*doors);
+        doors->AskFor(label);
+    });
+    return find;
+}
+
+/// Shows a form that leads back to the main form.
+void Program::ShowFromFind(QWidget& next) {
+    ShowOver(next, *m_main);
+    m_find->hide();
 }
 
 /// Without a form that asks there is nothing to go back to: the files could not be opened.

@@ -17,6 +17,8 @@ namespace quorrel {
 class FormCore;
 class HelpWindow;
 class frmCreateFile;
+class frmDoors;
+class frmFindKey;
 class frmLogoff;
 class frmMain;
 enum class KeyLog;
@@ -88,6 +90,10 @@ private:
     void WatchMain(frmMain& main);
     void LeaveGoneSystem();
     void ShowPinning(const PinningRequest& request);
+    frmDoors* LoadDoors();
+    void ShowFind(QWidget& asking);
+    frmFindKey* LoadFind();
+    void ShowFromFind(QWidget& next);
     void ShowPinSizesBeside(frmCreateFile& create, const QString& brand);
     void ShowNetwork(QWidget* asking);
     void ShowLogoff();
@@ -102,6 +108,7 @@ private:
     const std::map<QString, Opener> m_openers;
     std::vector<Loaded> m_forms;
     QPointer<frmMain> m_main;
+    QPointer<frmFindKey> m_find; ///< hidden while what it has found is on the screen
     QPointer<frmLogoff> m_logoff;
     std::unique_ptr<HelpWindow> m_help;
     bool m_ended = false;

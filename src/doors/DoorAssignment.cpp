@@ -102,6 +102,22 @@ Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& 
     return assignment;
 }
 
+DoorsRow GiveDoorKey(Session& session, const RowLine& key, const DoorsRow& door) {
+    SystemTransaction transaction(session);
+    RequireKey(session, key);
+    Database& keys = session.Keys();
+    DoorsRow stored = StoredRow<DoorsRow>(keys, door.key, DoorNamed(door.DoorLabel));
+    if (stored.DoorID != door.DoorID || stored.DoorLabel != door.DoorLabel)
+        throw ChangedElsewhere::Deleted(DoorNamed(door.DoorLabel));
+    if (RightTrimmed(stored.CutsLabel) != RightTrimmed(door.CutsLabel))
+        throw KeyChanged({door.key, door.DoorLabel, {}});
+    DoorsRow given = stored;
+    given.CutsLabel = Padded(key.label, kKeyIDWidth);
+    Recordset<DoorsRow>::UpdateChanges(keys, stored, given);
+    transaction.Commit();
+    return given;
+}
+
 int RemoveDoorFromKey(Session& session, const RowLine& key, const RowLine& door) {
     SystemTransaction transaction(session);
     if (!IsKeyedTo(key.text, RequireDoor(session, door).CutsLabel))

@@ -30,4 +30,9 @@ Assignment AssignDoorToKey(Session& session, const RowLine& key, const RowLine& 
 /// how many they were. Throws `ChangedElsewhere` when that door is gone or has another key by now.
 int RemoveDoorFromKey(Session& session, const RowLine& key, const RowLine& door);
 
+/// Assigns one door to the key of a line, as it is shown with its present key, and gives the door
+/// as it is stored then. Throws `ChangedElsewhere` when the key has another name by now, or when
+/// the door is gone or has another key than is shown.
+DoorsRow GiveDoorKey(Session& session, const RowLine& key, const DoorsRow& door);
+
 } // namespace quorrel

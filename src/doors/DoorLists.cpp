@@ -20,19 +20,18 @@ struct ListedDoor {
     double DoorID = 0;
     QString DoorLabel;
     QString DoorDescription;
+    bool Crosskeyed = false;
 
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(DoorID), QUORREL_COLUMN(DoorLabel),
-                          QUORREL_COLUMN(DoorDescription)};
+                          QUORREL_COLUMN(DoorDescription), QUORREL_COLUMN(Crosskeyed)};
     }
 
     bool Hidden() const { return IsNoValue(DoorLabel + QStringLiteral("  ")); }
-    RowLine Line() const { return {key, DoorLabel, DoorLine(DoorLabel, DoorDescription)}; }
+    RowLine Line() const {
+        return {key, DoorLabel, DoorLine(DoorLabel, DoorDescription), Crosskeyed};
+    }
 };
-
-bool Begins(const QString& text, const QString& upper) {
-    return text.left(upper.size()).toUpper() == upper;
-}
 
 /// Calls `visit` for each door that is not hidden.
 template <class Visit>
@@ -63,14 +62,14 @@ void WalkKeys(Session& session, Visit&& visit) {
         });
 }
 
-RowLine KeyLine(const NamedKeyRow& key, const QString& description) {
-    return {key.key, key.Label, Left(key.Label + QString(10, u' '), kKeyColumn) + description};
-}
-
 } // namespace
 
 QString DoorLine(const QString& label, const QString& description) {
     return Padded(label, kDoorColumn) + description;
+}
+
+QString KeyableLine(const QString& label, const QString& description) {
+    return Left(label + QString(10, u' '), kKeyColumn) + description;
 }
 
 QStringList TextsOf(const RowLines& lines) {
@@ -89,7 +88,7 @@ RowLines SearchDoors(Session& session, const QString& text) {
     const QString upper = text.toUpper();
     RowLines lines;
     WalkDoors(session, [&](const ListedDoor& door) {
-        if (Begins(door.DoorLabel, upper))
+        if (BeginsWith(door.DoorLabel, upper))
             lines.push_back(door.Line());
     });
     return lines;
@@ -98,7 +97,7 @@ RowLines SearchDoors(Session& session, const QString& text) {
 RowLines ListKeyableKeys(Session& session) {
     RowLines lines;
     WalkKeys(session, [&](const NamedKeyRow& key) {
-        lines.push_back(KeyLine(key, OneLine(key.Description)));
+        lines.push_back({key.key, key.Label, KeyableLine(key.Label, OneLine(key.Description))});
     });
     return lines;
 }
@@ -107,8 +106,8 @@ RowLines SearchKeyableKeys(Session& session, const QString& text) {
     const QString upper = text.toUpper();
     RowLines lines;
     WalkKeys(session, [&](const NamedKeyRow& key) {
-        if (Begins(key.Label, upper))
-            lines.push_back(KeyLine(key, key.Description));
+        if (BeginsWith(key.Label, upper))
+            lines.push_back({key.key, key.Label, KeyableLine(key.Label, key.Description)});
     });
     return lines;
 }
@@ -127,8 +126,8 @@ RowLines ListKeyedDoors(Session& session, const QString& keyLine) {
         .Walk([&](const KeyedDoorRow& door) {
             if (IsKeyedTo(keyLine, door.CutsLabel) &&
                 !IsNoValue(door.DoorLabel + QStringLiteral("  ")))
-                lines.push_back(
-                    {door.key, door.DoorLabel, DoorLine(door.DoorLabel, door.DoorDescription)});
+                lines.push_back({door.key, door.DoorLabel,
+                                 DoorLine(door.DoorLabel, door.DoorDescription), door.Crosskeyed});
             return true;
         });
     return lines;

@@ -20,11 +20,15 @@ inline constexpr int kKeyColumn = 12;
 /// The line of a door.
 QString DoorLine(const QString& label, const QString& description);
 
+/// The line of a change key.
+QString KeyableLine(const QString& label, const QString& description);
+
 /// A line of a list and the stored row that it stands for.
 struct RowLine {
     RowKey key = 0;
     QString label; ///< of the door, or the Key ID, as it was stored when the line was made
     QString text;
+    bool crossKeyed = false; ///< it is a door's that is cross-keyed
 };
 using RowLines = std::vector<RowLine>;
 

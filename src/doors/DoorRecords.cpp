@@ -32,10 +32,6 @@ constexpr std::pair<QString DoorText::*, QString DoorsRow::*> kTexts[] = {
     {&DoorText::hardware, &DoorsRow::Text1},
     {&DoorText::details, &DoorsRow::Text2}};
 
-bool IsBlank(const QString& label) {
-    return RightTrimmed(label).isEmpty();
-}
-
 /// Whether a typed label means the door of a stored one.
 bool Means(const QString& typed, const QString& stored) {
     return Left(typed + QString(8, u' '), static_cast<int>(stored.size()) + 4) ==
@@ -167,6 +163,12 @@ DoorText TextOf(const DoorsRow& door) {
 std::optional<DoorsRow> FindDoor(Session& session, const QString& label) {
     return Recordset<DoorsRow>(session.Keys(),
                                OfSystem<DoorsRow>(session).Where(&DoorsRow::DoorLabel, label))
+        .First();
+}
+
+std::optional<DoorsRow> FindDoorByID(Session& session, double doorID) {
+    return Recordset<DoorsRow>(session.Keys(),
+                               OfSystem<DoorsRow>(session).Where(&DoorsRow::DoorID, doorID))
         .First();
 }
 

@@ -54,6 +54,9 @@ std::optional<DoorsRow> FindDoor(Session& session, const QString& label);
 /// The door that a typed label means: labels that differ in blanks on the right are one label.
 std::optional<DoorsRow> FindDoorMeant(Session& session, const QString& label);
 
+/// The door of the open system with this `DoorID`.
+std::optional<DoorsRow> FindDoorByID(Session& session, double doorID);
+
 /// Finds a door and makes it the session's current one.
 std::optional<DoorsRow> LoadDoorRecord(Session& session, const QString& label);
 

@@ -1,6 +1,7 @@
 #include "doors/frmDoors.h"
 
 #include "access/HardwareDescriptions.h"
+#include "doors/CrossKeyMark.h"
 #include "doors/DoorAssignment.h"
 #include "platform/Text.h"
 #include "store/Conflict.h"
@@ -54,11 +55,14 @@ QString WhatBecame(const SavedDoor& saved) {
 
 } // namespace
 
-void frmDoors::RowList::Show(RowLines newLines) {
+void frmDoors::RowList::Show(RowLines newLines, Session& session) {
     const RowLine* chosen = Chosen();
     const RowKey key = chosen ? chosen->key : 0;
     lines = std::move(newLines);
     list->SetLines(TextsOf(lines));
+    for (std::size_t row = 0; row < lines.size(); ++row)
+        if (lines[row].crossKeyed)
+            MarkCrossKeyed(*list, static_cast<int>(row), session, lines[row].key);
     Choose(key);
 }
 
@@ -130,8 +134,9 @@ void frmDoors::WatchLists() {
     On(ui->cmdRemoveFrom, &QPushButton::clicked, [this] { Remove(); });
     On(ui->lstKeyedDoors, &TextList::DoubleClicked, [this] { Remove(); });
     On(ui->txtSearchDoor, &QLineEdit::textChanged, [this] {
-        WhileTyping(ui->txtSearchDoor,
-                    [this] { m_doors.Show(SearchDoors(m_session, ui->txtSearchDoor->text())); });
+        WhileTyping(ui->txtSearchDoor, [this] {
+            m_doors.Show(SearchDoors(m_session, ui->txtSearchDoor->text()), m_session);
+        });
     });
     On(ui->txtSearchKey, &QLineEdit::textChanged, [this] {
         WhileTyping(ui->txtSearchKey,
@@ -248,17 +253,17 @@ void frmDoors::FillLists() {
         labels.append(door.label);
     ui->cmbDoorLabel->Refill(labels);
     const QString door = ui->txtSearchDoor->text();
-    m_doors.Show(door.isEmpty() ? doors : SearchDoors(m_session, door));
+    m_doors.Show(door.isEmpty() ? doors : SearchDoors(m_session, door), m_session);
     ui->cmbHardware->Refill(ListHardwareTypes(m_session));
 }
 
 void frmDoors::FillKeys(RowLines keys) {
-    m_keys.Show(std::move(keys));
+    m_keys.Show(std::move(keys), m_session);
     ShowKeyedDoors();
 }
 
 void frmDoors::ShowKeyedDoors() {
-    m_keyedDoors.Show(ListKeyedDoors(m_session, ui->lstKeyIDs->CurrentText()));
+    m_keyedDoors.Show(ListKeyedDoors(m_session, ui->lstKeyIDs->CurrentText()), m_session);
 }
 
 void frmDoors::LoadKeyedDoors() {
@@ -515,10 +520,10 @@ void frmDoors::OpenCrossKeyPage() {
     if (!MayAssign())
         return;
     KeepRecord();
+    if (!m_shown.stored)
+        return; // Without a label there is no door.
     m_away = true;
-    emit CrossKeyWanted({ui->cmbDoorLabel->currentText(), ui->txtDoorID->text(),
-                         ui->txtDoorDescription->toPlainText(), ui->txtDoorLocation->toPlainText(),
-                         m_session.System.SystemIsIC});
+    emit CrossKeyWanted(*m_shown.stored);
 }
 
 QString frmDoors::Unsaved() const {

@@ -20,15 +20,6 @@ struct DoorWindows {
     bool crossKey = false;
 };
 
-/// The door that a cross-key page is wanted for, as the door form shows it.
-struct CrossKeyDoor {
-    QString label;
-    QString id;
-    QString description;
-    QString location;
-    bool isIC = false; ///< the system is one of interchangeable cores
-};
-
 /// Keeps the door records of the open system and ties doors to Key IDs.
 class frmDoors : public Form {
     Q_OBJECT
@@ -45,7 +36,7 @@ signals:
     /// again.
     void MapWanted();
     /// A cross-key page is wanted; this form hides until it is shown again.
-    void CrossKeyWanted(const CrossKeyDoor& door);
+    void CrossKeyWanted(const DoorsRow& door);
 
 protected:
     void Activated() override;
@@ -63,7 +54,7 @@ private:
         RowLines lines;
 
         /// Fills it. The row that was chosen stays so where it is among the lines still.
-        void Show(RowLines newLines);
+        void Show(RowLines newLines, Session& session);
         void Choose(RowKey key);
         const RowLine* Chosen() const;
     };

@@ -258,6 +258,11 @@ void frmKeyUsers::ShowHolder(const QString& number) {
     }
 }
 
+void frmKeyUsers::SearchKey(const QString& keyID) {
+    ui->txtKeySearch->setText(keyID);
+    m_session.FindOpensKey = true;
+}
+
 void frmKeyUsers::LoadUser() {
     ui->cmdPrintKeySignature->show();
     if (!MayDrop()) {

@@ -25,6 +25,10 @@ public:
     /// Brings up the holder of a number.
     void ShowHolder(const QString& number);
 
+    /// Narrows the list of keys to a Key ID. When the form comes up next, the first of them is
+    /// taken in hand.
+    void SearchKey(const QString& keyID);
+
 protected:
     void Activated() override;
     QString Unsaved() const override;

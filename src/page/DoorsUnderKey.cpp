@@ -14,19 +14,6 @@ namespace quorrel {
 
 namespace {
 
-/// What tells whether a named key lies under a master.
-struct NamedCuts {
-    using Self = NamedCuts;
-    using Whole = AllKeysRow;
-    RowKey key = 0;
-    QString KeyID;
-    QString Cuts;
-
-    static constexpr auto Columns() {
-        return std::tuple{QUORREL_COLUMN(KeyID), QUORREL_COLUMN(Cuts)};
-    }
-};
-
 /// Doors are those of the system under whose number the maps are filed.
 Query<DoorsRow> DoorsOfSystem(const Session& session) {
     return Query<DoorsRow>().Where(&DoorsRow::SystemNumber, session.MapFilingNumber);
@@ -37,8 +24,8 @@ Query<DoorsRow> DoorsOfSystem(const Session& session) {
 QStringList KeyIDsUnder(Session& session, const std::string& cuts) {
     const MasterMask mask(cuts, session.System.MasterKeyCuts);
     QStringList keyIDs;
-    Recordset<NamedCuts>(session.Keys(), OfSystem<NamedCuts>(session))
-        .Walk([&](const NamedCuts& key) {
+    Recordset<NamedCutsRow>(session.Keys(), OfSystem<NamedCutsRow>(session))
+        .Walk([&](const NamedCutsRow& key) {
             const auto named = CutsOf(key.Cuts, session.System.PinCount);
             if (named && !IsNoValue(key.KeyID) && mask.Covers(*named))
                 keyIDs.append(Padded(key.KeyID, kKeyIDWidth));

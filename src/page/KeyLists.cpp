@@ -24,7 +24,7 @@ constexpr int kShownDepartment = 6;
 constexpr int kShownKeyID = 20;
 constexpr int kShownLine = 1000;
 /// How many holders are looked up at a time.
-constexpr qsizetype kHoldersAtATime = 200;
+constexpr qsizetype kNamesAtATime = 200;
 
 /// A unit in a holder's hands.
 struct HeldUnit {
@@ -56,7 +56,7 @@ public:
         if (m_listed.contains(text))
             return;
         m_listed.insert(text);
-        m_lines.push_back({std::move(text), door.DoorLabel});
+        m_lines.push_back({std::move(text), door.DoorLabel, door.Crosskeyed ? door.key : 0});
     }
 
     std::vector<SubjectLine> Take() { return std::move(m_lines); }
@@ -69,10 +69,10 @@ private:
 /// The name of each holder among some IDs; of several with one ID the first counts.
 QHash<QString, QString> NamesOf(Session& session, const QStringList& userIDs) {
     QHash<QString, QString> names;
-    for (qsizetype at = 0; at < userIDs.size(); at += kHoldersAtATime)
+    for (qsizetype at = 0; at < userIDs.size(); at += kNamesAtATime)
         Recordset<HolderNameRow>(session.Keys(),
                                  OfSystem<HolderNameRow>(session).WhereAny(
-                                     &KeyUsersRow::UserIDNumber, userIDs.mid(at, kHoldersAtATime)))
+                                     &KeyUsersRow::UserIDNumber, userIDs.mid(at, kNamesAtATime)))
             .Walk([&](const HolderNameRow& holder) {
                 if (!names.contains(holder.UserIDNumber))
                     names.insert(holder.UserIDNumber, holder.Lastname % u' ' % holder.Firstname);

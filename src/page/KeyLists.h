@@ -22,6 +22,7 @@ struct KeyLine {
 struct SubjectLine {
     QString text;
     QString subject;
+    RowKey crossKeyed = 0; ///< the row of the door, where that is cross-keyed
 };
 
 /// All labelled keys of the system whose Key ID begins with the filter, in the order of their

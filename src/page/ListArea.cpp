@@ -1,5 +1,7 @@
 #include "page/ListArea.h"
 
+#include "doors/CrossKeyMark.h"
+
 #include "ui_ListArea.h"
 
 #include <QFocusEvent>
@@ -105,9 +107,12 @@ void ListArea::ShowSelected(RowKey key) {
                                                       : static_cast<int>(line - m_keys.begin()));
 }
 
-void ListArea::ShowDoors(std::vector<SubjectLine> doors) {
+void ListArea::ShowDoors(std::vector<SubjectLine> doors, Session& session) {
     m_doors = std::move(doors);
     ui->lstActiveDoors->Refill(TextsOf(m_doors));
+    for (std::size_t row = 0; row < m_doors.size(); ++row)
+        if (const RowKey door = m_doors[row].crossKeyed; door != 0)
+            MarkCrossKeyed(*ui->lstActiveDoors, static_cast<int>(row), session, door);
 }
 
 void ListArea::ShowUsers(std::vector<SubjectLine> users) {
@@ -116,7 +121,8 @@ void ListArea::ShowUsers(std::vector<SubjectLine> users) {
 }
 
 void ListArea::ClearKey() {
-    ShowDoors({});
+    m_doors.clear();
+    ui->lstActiveDoors->SetLines({});
     ShowUsers({});
 }
 

@@ -30,7 +30,7 @@ public:
     ~ListArea() override;
 
     void ShowKeys(std::vector<KeyLine> keys);
-    void ShowDoors(std::vector<SubjectLine> doors);
+    void ShowDoors(std::vector<SubjectLine> doors, Session& session);
     void ShowUsers(std::vector<SubjectLine> users);
 
     /// Empties the lists that belong to the selected key.

@@ -43,10 +43,8 @@ int PageView::CountUnreadable() const {
                                           [](const PageCell& cell) { return cell.isUnreadable; }));
 }
 
-/// The cuts alone; empty when they cannot be read.
 std::string PageView::PlainCuts(const QString& stored) const {
-    const int pins = m_session.System.PinCount;
-    return CutsOf(stored, pins).value_or(std::string()).substr(0, static_cast<std::size_t>(pins));
+    return quorrel::PlainCuts(stored, m_session.System.PinCount);
 }
 
 std::array<std::string, 5> PageView::ReadLevelTexts(int page) const {

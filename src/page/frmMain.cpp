@@ -99,7 +99,8 @@ void frmMain::WatchLists() {
     On(ui->lists, &ListArea::DoorsWanted, [this](const QString& filter) {
         const BusyPointer busy;
         ui->lists->ShowDoors(
-            FillDoorList(m_session, m_page, m_selectedCell, ui->frmKey->Text().keyID, filter));
+            FillDoorList(m_session, m_page, m_selectedCell, ui->frmKey->Text().keyID, filter),
+            m_session);
     });
     On(ui->lists, &ListArea::UsersWanted, [this](const QString& filter) {
         const BusyPointer busy;
@@ -313,7 +314,6 @@ void frmMain::ShowPinning() {
         emit PinningWanted(SelectedKey());
 }
 
-/// The selected key as the chart wants it.
 PinningRequest frmMain::SelectedKey() const {
     const OpenSystem& system = m_page.System();
     const KeyRecordText record = ui->frmKey->Text();
@@ -343,6 +343,12 @@ void frmMain::BringUp(int page, int cell) {
     ShowPage(page);
     m_page.LoadingPage = false;
     SelectCell(cell, Manner::Clicked);
+}
+
+void frmMain::ShowFound(int page, int cell, const QString& told) {
+    BringUp(page, cell);
+    if (!told.isEmpty())
+        ui->pnlStatus->Tell(told);
 }
 
 /// Sets the bar and the number to the page that is shown.

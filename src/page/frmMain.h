@@ -29,6 +29,12 @@ public:
     /// Brings up a cell of the page, as a click on it does.
     void ClickCell(int cell);
 
+    /// Turns to a page and clicks a cell of it, once a search has led there. `told` says more.
+    void ShowFound(int page, int cell, const QString& told);
+
+    /// The selected key as the chart wants it.
+    PinningRequest SelectedKey() const;
+
     /// Names the forms that can be asked for. What leads to another one is dimmed.
     void OfferForms(const QSet<QString>& names);
 
@@ -76,7 +82,6 @@ private:
     void LeaveSystem(const QString& formName);
     bool MayLeaveFor(const char* formName);
     void ShowPinning();
-    PinningRequest SelectedKey() const;
 
     // The page and its selected cell.
     void BringUp(int page, int cell);

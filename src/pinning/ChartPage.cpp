@@ -1,13 +1,11 @@
 #include "pinning/ChartPage.h"
 
 #include "pinning/CylinderPainter.h"
+#include "widgets/FormImage.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QLocale>
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QTextOption>
 
 #include <stdexcept>
@@ -185,17 +183,8 @@ void PrintChartPage(QPagedPaintDevice& device, const PinningChart& chart, const 
 
 void PrintChartToFile(const QString& path, const PinningChart& chart, const QString& title,
                       const QDate& date) {
-    QPdfWriter writer(path);
-    const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
-    writer.setPageSize(QPageSize(metric ? QPageSize::A4 : QPageSize::Letter));
-    writer.setPageMargins({15, 15, 15, 15}, QPageLayout::Millimeter);
-    writer.setTitle(title);
-    try {
-        PrintChartPage(writer, chart, title, date);
-    } catch (const std::runtime_error&) {
-        throw std::runtime_error(
-            tr("The file %1 cannot be written.").arg(QDir::toNativeSeparators(path)).toStdString());
-    }
+    WritePdf(path, title, QPageLayout::Portrait,
+             [&](QPagedPaintDevice& device) { PrintChartPage(device, chart, title, date); });
 }
 
 } // namespace quorrel

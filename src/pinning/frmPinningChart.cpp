@@ -3,11 +3,11 @@
 #include "engine/SystemDefinition.h"
 #include "pinning/ChartPage.h"
 #include "pinning/CylinderPainter.h"
+#include "platform/Files.h"
 #include "ui_frmPinningChart.h"
 #include "widgets/HelpContexts.h"
 
 #include <QDir>
-#include <QRegularExpression>
 #include <QShortcut>
 #include <QTimer>
 
@@ -179,8 +179,7 @@ void frmPinningChart::WarnOfControlKey() {
 void frmPinningChart::Print() {
     if (!m_session.SessionPermissions.RunReports)
         return;
-    QString name = QStringLiteral("Pinning %1.pdf").arg(m_chart.request.keyID);
-    name.replace(QRegularExpression(QStringLiteral(R"([\\/:*?"<>|])")), QStringLiteral("-"));
+    const QString name = FileNameFrom(QStringLiteral("Pinning %1.pdf").arg(m_chart.request.keyID));
     const QString path = m_session.boxes.SaveFile(tr("Print the Pinning Chart"),
                                                   QStringLiteral("PDF Files (*.pdf)|*.pdf"), name);
     if (path.isEmpty())

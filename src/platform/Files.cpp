@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -54,6 +55,10 @@ QString PathIn(const QString& folder, const QString& name) {
 QString FileNameAt(const QString& path) {
     const QFileInfo info(FindIgnoringCase(path));
     return info.isFile() ? info.fileName() : QString();
+}
+
+QString FileNameFrom(QString text) {
+    return text.replace(QRegularExpression(QStringLiteral(R"([\\/:*?"<>|])")), QStringLiteral("-"));
 }
 
 std::optional<OutsideProgram> SystemInformationTool() {

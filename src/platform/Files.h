@@ -18,6 +18,9 @@ QString PathIn(const QString& folder, const QString& name);
 /// The name of the file at a path, or an empty text for a folder or where there is none.
 QString FileNameAt(const QString& path);
 
+/// A text as the name of a file: without the signs that some system does not take there.
+QString FileNameFrom(QString text);
+
 /// A program to start with its arguments.
 struct OutsideProgram {
     QString path;

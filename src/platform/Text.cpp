@@ -111,6 +111,14 @@ QString Named(const QString& text) {
     return text.size() > mostCharacters ? shown + u'\u2026' : RightTrimmed(shown);
 }
 
+bool IsBlank(const QString& text) {
+    return TrimmedSize(text) == 0;
+}
+
+bool BeginsWith(const QString& text, const QString& capitals) {
+    return text.left(capitals.size()).toUpper() == capitals;
+}
+
 bool IsNoValue(const QString& text) {
     return text.isEmpty() || text.startsWith(QLatin1String("  "));
 }

@@ -35,6 +35,12 @@ QString OneLine(QString text);
 /// A user's text as a message names it: on one line, and cut where it is too long for that.
 QString Named(const QString& text);
 
+/// Nothing but blanks, or nothing at all.
+bool IsBlank(const QString& text);
+
+/// Whether a text begins with another one, which is in capitals, whatever its own case.
+bool BeginsWith(const QString& text, const QString& capitals);
+
 /// A stored value that begins with two blanks, or is empty, counts as no value.
 bool IsNoValue(const QString& text);
 

@@ -146,10 +146,11 @@ struct KeyedDoorRow {
     QString DoorLabel;
     QString DoorDescription;
     QString CutsLabel;
+    bool Crosskeyed = false;
 
     static constexpr auto Columns() {
         return std::tuple{QUORREL_COLUMN(DoorLabel), QUORREL_COLUMN(DoorDescription),
-                          QUORREL_COLUMN(CutsLabel)};
+                          QUORREL_COLUMN(CutsLabel), QUORREL_COLUMN(Crosskeyed)};
     }
 };
 

@@ -63,6 +63,10 @@ std::optional<std::string> CutsOf(const QString& stored, int pins) {
     return digits ? std::optional(cuts) : std::nullopt;
 }
 
+std::string PlainCuts(const QString& stored, int pins) {
+    return CutsOf(stored, pins).value_or(std::string()).substr(0, static_cast<std::size_t>(pins));
+}
+
 QStringList StoredForms(const std::string& cuts) {
     QStringList forms;
     for (const char mark : {' ', '*'})

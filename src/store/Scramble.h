@@ -26,6 +26,9 @@ std::optional<QString> Readable(const QString& stored);
 /// holds no such cuts.
 std::optional<std::string> CutsOf(const QString& stored, int pins);
 
+/// The cuts alone, `pins` digits; empty when they cannot be read.
+std::string PlainCuts(const QString& stored, int pins);
+
 /// The texts under which a key with these cuts can be stored: one for each mark.
 QStringList StoredForms(const std::string& cuts);
 

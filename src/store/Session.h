@@ -42,6 +42,13 @@ struct DoorInHand {
     QString MapDoorKeyID;
 };
 
+/// The key that a search has found last.
+struct SearchHit {
+    int CurrentPosition = 0; ///< the `Position` of its row
+    std::string FoundCuts;   ///< a digit a chamber
+    QString FoundLabel;      ///< its Key ID, after a search for one
+};
+
 /// What the whole run shares. One for the program, handed by reference to all that need it.
 struct Session {
     Session(const QString& programFolder, Boxes& useBoxes, Clock useClock, Random useRandom)
@@ -89,6 +96,7 @@ struct Session {
     int CurrentPage = 0;
 
     DoorInHand door;
+    SearchHit hit;
 
     // Doors and holders.
     bool FindOpensKey = false;    ///< the holders' form comes up for a key that was searched

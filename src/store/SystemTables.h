@@ -156,4 +156,17 @@ struct NamedKeyRow {
     }
 };
 
+/// A named key and its cuts: a part of the quick list.
+struct NamedCutsRow {
+    using Self = NamedCutsRow;
+    using Whole = AllKeysRow;
+    RowKey key = 0;
+    QString KeyID;
+    QString Cuts;
+
+    static constexpr auto Columns() {
+        return std::tuple{QUORREL_COLUMN(KeyID), QUORREL_COLUMN(Cuts)};
+    }
+};
+
 } // namespace quorrel

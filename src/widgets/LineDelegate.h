@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/Text.h"
+#include "widgets/LineModel.h"
 
+#include <QAbstractItemView>
+#include <QPainter>
 #include <QStringListModel>
 #include <QStyledItemDelegate>
 
@@ -26,6 +29,16 @@ public:
         return PaintedLine(value.toString());
     }
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+        const QString aside = index.data(LineModel::kAsideRole).toString();
+        if (!view || aside.isEmpty())
+            return;
+        PaintAside(*painter, option, aside, view->viewport()->width());
+    }
+
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const QStringList lines = static_cast<const QStringListModel*>(index.model())->stringList();
         const auto longest =
@@ -34,6 +47,21 @@ public:
             });
         return QStyledItemDelegate::sizeHint(
             option, index.siblingAtRow(static_cast<int>(longest - lines.begin())));
+    }
+
+private:
+    /// At the right edge of what is seen, over whatever of the line reaches there.
+    static void PaintAside(QPainter& painter, const QStyleOptionViewItem& option,
+                           const QString& aside, int right) {
+        constexpr int gap = 4;
+        const int width = option.fontMetrics.horizontalAdvance(aside) + 2 * gap;
+        const QRect place(right - width, option.rect.top(), width, option.rect.height());
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        painter.fillRect(
+            place, option.palette.color(selected ? QPalette::Highlight : QPalette::AlternateBase));
+        painter.setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        painter.setFont(option.font);
+        painter.drawText(place.adjusted(gap, 0, -gap, 0), Qt::AlignRight | Qt::AlignVCenter, aside);
     }
 };
 

@@ -21,6 +21,7 @@ TextList::TextList(QWidget* parent) : QListView(parent) {
     columns.setPointSizeF(font().pointSizeF());
     setFont(columns);
     setUniformItemSizes(true);
+    setIconSize(QSize(1, 1) * fontMetrics().height());
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new LineDelegate(this));
     setModel(&m_lines);

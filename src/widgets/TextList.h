@@ -48,7 +48,20 @@ public:
 
     /// Puts a mark before a line, until the lines are replaced. Its text stays as it is.
     void SetMark(int row, const QIcon& icon, const QString& tip) {
-        m_lines.SetMark(row, icon, tip);
+        m_lines.SetMark(row, icon, [tip] { return tip; });
+    }
+    /// As `SetMark`, with a tip that is made when the user wants to know.
+    void SetMark(int row, const QIcon& icon, std::function<QString()> tip) {
+        m_lines.SetMark(row, icon, std::move(tip));
+    }
+
+    /// Puts texts beside the lines from a row on, at the right edge and until the lines are
+    /// replaced; those of rows after them go.
+    void SetAsides(int first, std::vector<Aside> asides) {
+        m_lines.SetAsides(first, std::move(asides));
+    }
+    QString AsideOf(int row) const {
+        return m_lines.index(row).data(LineModel::kAsideRole).toString();
     }
 
 signals:

@@ -32,7 +32,7 @@ const Rule kRules[] = {
     {"logic",
      "(?!engine|platform|store|widgets|app)[a-z]+/"
      "(?!KeyCell|ListArea|PageGrid|Cylinder|ChartPage|Legend|LogoLabel|PersonFields|MainMenu|"
-     "StatusLine|\\w+Panel)[A-Z].*",
+     "StatusLine|CrossKeyMark|BusyPicture|PhantomCounts|\\w+Panel)[A-Z].*",
      kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
     {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};

@@ -35,7 +35,7 @@ protected:
             placeAtMap = site.session.door.CurrentDoorX;
         });
         QObject::connect(form, &frmDoors::CrossKeyWanted,
-                         [this](const CrossKeyDoor& door) { crossKeyed.push_back(door); });
+                         [this](const DoorsRow& door) { crossKeyed.push_back(door); });
         form->show();
         QCoreApplication::processEvents();
     }
@@ -73,7 +73,7 @@ protected:
     int closed = 0;
     int maps = 0;
     double placeAtMap = -1;
-    std::vector<CrossKeyDoor> crossKeyed;
+    std::vector<DoorsRow> crossKeyed;
 };
 
 TEST_F(FrmDoors, KeepsARecordAndBringsItUpAgainWhileItsLabelIsTyped) {
@@ -236,10 +236,9 @@ TEST_F(FrmDoors, CrossKeyingTakesALabelAndLeadsOn) {
     Click(form, "ckCrossKeyed");
     Click(form, "cmdViewXK");
     ASSERT_EQ(crossKeyed.size(), 1U);
-    EXPECT_EQ(crossKeyed[0].label, "A1");
-    EXPECT_EQ(crossKeyed[0].id, QString::number(site.system.SystemID * 10000 + 1));
-    EXPECT_EQ(crossKeyed[0].description, "Vault");
-    EXPECT_FALSE(crossKeyed[0].isIC);
+    EXPECT_EQ(crossKeyed[0].DoorLabel, "A1");
+    EXPECT_EQ(crossKeyed[0].DoorID, site.system.SystemID * 10000 + 1);
+    EXPECT_EQ(crossKeyed[0].DoorDescription, "Vault");
     form->hide();
     DoorsRow door = site.Doors().at(0);
     EXPECT_TRUE(door.Crosskeyed);

@@ -23,12 +23,12 @@ inline QString LongText(const QString& begin) {
 class RecordedSite : public RunningProgram {
 public:
     explicit RecordedSite(SystemType type) {
-        NewSystem system = StandardSystem(LongText(QStringLiteral("Pier")), "2715");
+        NewSystem system = StandardSystem(LongText(QStringLiteral("Pier")), "27152");
         system.address = LongText(QStringLiteral("Quay 1"));
         system.notes = LongText(QStringLiteral("Notes"));
         system.type = type;
         if (type == SystemType::ICCore23)
-            system.special = QStringLiteral("2735");
+            system.special = QStringLiteral("27352");
         m_number = CreateKeySystem(session, system).SystemID;
         Transaction writing(session.Keys());
         NameKeys();
@@ -136,6 +136,18 @@ inline const std::vector<FormRoad>& AllForms() {
         ChooseLine(form, "lstKeyHolders", 0);
         Click(form, "cmdShowKeys");
     };
+    const auto crossKey = [](const char* form) {
+        return [form](RunningProgram& run, QWidget* doors) {
+            Click(doors, "ckCrossKeyed");
+            Click(doors, "cmdViewXK");
+            QWidget* page = run.Form(form);
+            Type(page, "txtKeyID_1", "K0");
+            Type(page, "txtKeyID_2", "K1");
+            run.boxes.Expect(QStringLiteral("This will take several minutes"));
+            Click(page, "cmdAccess");
+        };
+    };
+    const auto found = [](QWidget* form) { ChooseLine(form, "lstUserList", 0); };
     static const std::vector<FormRoad> forms = {
         {"frmStart", nullptr,
          [](RunningProgram& run, QWidget*) {
@@ -156,6 +168,10 @@ inline const std::vector<FormRoad>& AllForms() {
         {"frmCreateFile", "frmOpenFile", click("cmdNew"), master},
         {"frmMain", "frmOpenFile", click("cmdOpen"), lists},
         {"frmDoors", "frmMain", choose("mnuAssignDoors"), door},
+        {"frmCrossKeyed", "frmDoors", crossKey("frmCrossKeyed")},
+        {"frmCrossKeyedIC", "frmDoors", crossKey("frmCrossKeyedIC"), [](QWidget*) {},
+         SystemType::ICCore23},
+        {"frmFindKey", "frmMain", choose("mnuCurrent"), found},
         {"frmKeyUsers", "frmMain", choose("mnuAssignUsers"), unit},
         {"frmCompanyInfo", "frmMain", choose("mnuCompanyInfo")},
         {"frmDepartments", "frmMain", choose("mnuEditDepartment")},
@@ -185,6 +201,8 @@ public:
         form->activateWindow();
         QCoreApplication::processEvents();
     }
+
+    RunningProgram& Site() { return m_site; }
 
 private:
     QWidget* BringUp(const FormRoad& road) {

@@ -1,0 +1,269 @@
+#include "search/frmFindKey.h"
+
+#include "doors/CrossKeyMark.h"
+#include "platform/Text.h"
+#include "store/SystemTables.h"
+#include "ui_frmFindKey.h"
+#include "widgets/HelpContexts.h"
+
+namespace quorrel {
+
+frmFindKey::frmFindKey(Session& session)
+    : Form(session), ui(std::make_unique<Ui::frmFindKey>()), m_search(session) {
+    ui->setupUi(this);
+    OfferFoot();
+    OfferHelp(help::kFindKey, ui->Command3);
+    PlaceAt(0.25, 0.25);
+    ui->cmdFindCuts->setEnabled(session.SessionPermissions.ReadPrintPinning);
+    ui->lstKeyID->SetLeadsElsewhere();
+    ui->lstKeys->SetLeadsElsewhere();
+    ui->lstDDoors->hide();
+    WatchKeys();
+    WatchDoors();
+    WatchHolders();
+    On(ui->cmdExit, &QPushButton::clicked, [this] { Leave(); });
+    ui->txtLabel->setFocus();
+}
+
+frmFindKey::~frmFindKey() = default;
+
+void frmFindKey::WatchKeys() {
+    const auto byCuts = [this] {
+        Find(ui->txtCuts, m_search.FindByCuts(ui->txtCuts->text()),
+             tr("Those cuts do not exist in this system."));
+    };
+    const auto byLabel = [this] {
+        Find(ui->txtLabel, m_search.FindByLabel(ui->txtLabel->text()),
+             tr("That Key ID does not exist in this system."));
+    };
+    const auto bySerial = [this] {
+        Find(ui->txtSerial, m_search.FindBySerial(ui->txtSerial->text()),
+             tr("That Serial Number does not exist in this system."));
+    };
+    On(ui->cmdFindCuts, &QPushButton::clicked, byCuts);
+    On(ui->txtCuts, &QLineEdit::returnPressed, byCuts);
+    On(ui->cmdFindLable, &QPushButton::clicked, byLabel);
+    On(ui->txtLabel, &QLineEdit::returnPressed, byLabel);
+    On(ui->cmdFindSerial, &QPushButton::clicked, bySerial);
+    On(ui->txtSerial, &QLineEdit::returnPressed, bySerial);
+    On(ui->Command1, &QPushButton::clicked, [this] { FindByDescription(); });
+    On(ui->lstDescriptions, &TextList::DoubleClicked, [this] { FindByDescription(); });
+    On(ui->lstDescriptions, &TextList::EnterPressed, [this] { FindByDescription(); });
+    ui->lstDescriptions->SetSearchBox(ui->txtDescSearch);
+    On(ui->txtDescSearch, &QLineEdit::textChanged,
+       [this] { WhileTyping(ui->txtDescSearch, [this] { FillDescriptions(); }); });
+    On(ui->Command2, &QPushButton::clicked, [this] { FindByUnit(); });
+    On(ui->txtKeyUnit, &QLineEdit::returnPressed, [this] { FindByUnit(); });
+    On(ui->lstKeyID, &TextList::Clicked,
+       [this] { OpenUnitsOf(m_keysOfUnit.value(ui->lstKeyID->CurrentRow())); });
+}
+
+void frmFindKey::WatchDoors() {
+    On(ui->cmdDoorList, &QPushButton::clicked, [this] { StepDoors(); });
+    On(ui->txtDoorSearch, &QLineEdit::textChanged,
+       [this] { WhileTyping(ui->txtDoorSearch, [this] { FillDoors(); }); });
+    ui->lstDoors->SetSearchBox(ui->txtDoorSearch);
+    for (TextList* list : {ui->lstDoors, ui->lstDDoors}) {
+        On(list, &TextList::Clicked, [this] { PickDoor(); });
+        On(list, &TextList::DoubleClicked, [this] { OpenDoor(); });
+        On(list, &TextList::EnterPressed, [this] { OpenDoor(); });
+    }
+}
+
+void frmFindKey::WatchHolders() {
+    On(ui->cmdSearch, &QPushButton::clicked, [this] { StepHolders(); });
+    On(ui->txtUserSearch, &QLineEdit::textChanged,
+       [this] { WhileTyping(ui->txtUserSearch, [this] { FillHolders(); }); });
+    ui->lstUserList->SetSearchBox(ui->txtUserSearch);
+    On(ui->lstUserList, &TextList::Clicked, [this] {
+        const ListedHolder& holder =
+            m_holders.at(static_cast<std::size_t>(ui->lstUserList->CurrentRow()));
+        ShowUnits(holder.line, UnitsOfHolder(m_session, holder.number));
+    });
+    On(ui->lstDepartment, &TextList::Clicked, [this] {
+        const QString department = ui->lstDepartment->CurrentText();
+        ShowUnits(department, UnitsOfDepartment(m_session, department));
+    });
+    On(ui->lstKeys, &TextList::Clicked, [this] {
+        OpenUnitsOf(m_units.at(static_cast<std::size_t>(ui->lstKeys->CurrentRow())).keyID);
+    });
+}
+
+// The lists.
+
+/// Each showing reads the lists anew: the file has changed since.
+void frmFindKey::Activated() {
+    ui->lstKeyID->hide();
+    LoadLists();
+}
+
+void frmFindKey::Reload() {
+    LoadLists();
+}
+
+void frmFindKey::LoadLists() {
+    const BusyPointer busy;
+    const QString highest = HighestUnit(m_session);
+    ui->txtKeyUnit->setToolTip(tr("Highest Unit Found %1").arg(Named(highest)));
+    FillDoors();
+    FillHolders();
+    FillDescriptions();
+    ui->lstDepartment->Refill(ListSearchDepartments(m_session));
+    ui->lstKeys->SetLines({});
+    ui->lblListLabel->setText(tr("Keys Issued to User"));
+}
+
+void frmFindKey::FillDescriptions() {
+    ui->lstDescriptions->Refill(m_search.ListDescriptions(ui->txtDescSearch->text()));
+}
+
+void frmFindKey::FillDoors() {
+    const bool byDepartment = m_doorColumn == DoorColumn::Department;
+    TextList& list = byDepartment ? *ui->lstDDoors : *ui->lstDoors;
+    m_doors = byDepartment ? DoorsByDepartment(m_session)
+                           : SearchDoorsBy(m_session, m_doorColumn, ui->txtDoorSearch->text());
+    QStringList lines;
+    for (const DoorSearchLine& door : m_doors)
+        lines += door.text;
+    list.Refill(lines);
+    for (std::size_t row = 0; row < m_doors.size(); ++row)
+        if (m_doors[row].crossKeyed)
+            MarkCrossKeyed(list, static_cast<int>(row), m_session, m_doors[row].door);
+    ui->lstDDoors->setVisible(byDepartment);
+    ui->lstDoors->setVisible(!byDepartment);
+    ui->txtDoorSearch->setEnabled(!byDepartment);
+}
+
+void frmFindKey::FillHolders() {
+    m_holders = SearchHoldersBy(m_session, m_holderColumn, ui->txtUserSearch->text());
+    QStringList lines;
+    for (const ListedHolder& holder : m_holders)
+        lines += holder.line;
+    ui->lstUserList->Refill(lines);
+}
+
+// Keys.
+
+/// What a finder makes of its hit or its miss.
+void frmFindKey::Find(QLineEdit* box, const std::optional<KeyHit>& hit, const QString& miss) {
+    m_session.hit.FoundLabel.clear();
+    if (!hit) {
+        m_session.boxes.Message(miss, m_session.ProgramTitle);
+        box->setFocus();
+        box->selectAll();
+        return;
+    }
+    if (box == ui->txtLabel)
+        m_session.hit.FoundLabel = hit->label;
+    Report(*hit, {});
+}
+
+void frmFindKey::FindByDescription() {
+    const QString line = ui->lstDescriptions->CurrentText();
+    if (line.isEmpty()) {
+        Tell(tr("Choose a description, then go to its key"));
+        return;
+    }
+    if (const auto hit = m_search.FindByDescription(line))
+        Report(*hit, line);
+}
+
+/// Leads on to a key that was found, after what there is to tell of it.
+void frmFindKey::Report(const KeyHit& hit, const QString& description) {
+    if (const QString what = hit.NoKey(); !what.isEmpty()) {
+        Tell(tr("This is no key of a page: %1").arg(what));
+        return;
+    }
+    m_session.hit.CurrentPosition = hit.position;
+    m_session.hit.FoundCuts = hit.cuts;
+    QString told;
+    if (hit.IsLevelAbovePages()) {
+        const auto [lowest, highest] = m_search.ReportMasterPages(hit, description);
+        m_session.boxes.Message(tr("This key is a Master Key and can be found on Pages %1 to %2")
+                                    .arg(lowest)
+                                    .arg(highest),
+                                tr("Master Key"));
+        if (const auto pages = PagesOfLevel(m_session, hit))
+            told =
+                tr("This master reaches the pages %1 to %2").arg(pages->first).arg(pages->second);
+    }
+    emit KeyFound(hit, told);
+}
+
+void frmFindKey::FindByUnit() {
+    ui->Label4->setText(tr("Double Click the Key Desired from the list below."));
+    ui->lstKeyID->show();
+    const KeysOfUnit found = FindKeysOfUnit(m_session, ui->txtKeyUnit->text());
+    m_keysOfUnit = found.keyIDs;
+    ui->lstKeyID->SetLines(m_keysOfUnit);
+    ui->Label4->setText(tr("Description"));
+    if (!found.fates.isEmpty())
+        Tell(found.fates.join(QStringLiteral("; ")));
+    else
+        Tell(m_keysOfUnit.isEmpty() ? tr("No key has a unit %1").arg(Named(ui->txtKeyUnit->text()))
+                                    : QString());
+    if (m_keysOfUnit.size() == 1)
+        OpenUnitsOf(m_keysOfUnit.first());
+}
+
+void frmFindKey::OpenUnitsOf(const QString& keyID) {
+    emit UnitsWanted(Padded(keyID, kKeyIDWidth));
+}
+
+// Doors and holders.
+
+void frmFindKey::StepDoors() {
+    static constexpr const char* kCaptions[] = {"by Door ID", "by Location", "by Description",
+                                                "by Department"};
+    const int next = (static_cast<int>(m_doorColumn) + 1) % 4;
+    m_doorColumn = static_cast<DoorColumn>(next);
+    ui->cmdDoorList->setText(tr(kCaptions[next]));
+    FillDoors();
+}
+
+void frmFindKey::StepHolders() {
+    static constexpr const char* kCaptions[] = {"by User ID", "by Last Name", "by First Name"};
+    const int next = (static_cast<int>(m_holderColumn) + 1) % 3;
+    m_holderColumn = static_cast<HolderColumn>(next);
+    ui->txtUserSearch->clear();
+    ui->cmdSearch->setText(tr(kCaptions[next]));
+    FillHolders();
+    ui->txtUserSearch->setFocus();
+}
+
+void frmFindKey::ShowUnits(const QString& whose, std::vector<UnitLine> units) {
+    ui->lblListLabel->setText(tr("Keys Assigned to %1").arg(whose));
+    m_units = std::move(units);
+    QStringList lines;
+    for (const UnitLine& unit : m_units)
+        lines += unit.text;
+    ui->lstKeys->SetLines(lines);
+}
+
+/// Takes the key of the chosen door into the box for a Key ID; nothing for a department.
+const DoorSearchLine* frmFindKey::PickDoor() {
+    const TextList* list = ui->lstDDoors->isHidden() ? ui->lstDoors : ui->lstDDoors;
+    const int row = list->CurrentRow();
+    if (row < 0 || m_doors.at(static_cast<std::size_t>(row)).door == 0)
+        return nullptr;
+    const DoorSearchLine& door = m_doors[static_cast<std::size_t>(row)];
+    ui->txtLabel->setText(RightTrimmed(door.keyID));
+    m_session.door.CurrentDoorLabel = door.label;
+    Tell(IsNoValue(door.keyID) ? tr("Door %1 has no key").arg(Named(door.label)) : QString());
+    return &door;
+}
+
+void frmFindKey::OpenDoor() {
+    if (const DoorSearchLine* door = PickDoor())
+        emit DoorWanted(door->label);
+}
+
+/// The list of keys of a unit is put away first.
+void frmFindKey::reject() {
+    if (ui->lstKeyID->isVisible())
+        ui->lstKeyID->hide();
+    else
+        Form::reject();
+}
+
+} // namespace quorrel
