@@ -378,7 +378,7 @@ void frmCrossKeyed::Reload() {
 QString frmCrossKeyed::Unsaved() const {
     return SameKeys(TypedKeys(), KeyIDsOf(m_stored))
                ? QString()
-               : tr("The keys of %1").arg(DoorNamed(m_door.DoorLabel));
+               : tr("The cross-keying of %1").arg(DoorNamed(m_door.DoorLabel));
 }
 
 } // namespace quorrel

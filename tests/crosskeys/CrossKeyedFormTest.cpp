@@ -185,7 +185,7 @@ TEST_F(FrmCrossKeyed, KeepsWhatWasTypedWhenAnotherWorkstationHasChangedTheSameDo
     Click(form, "cmdSave");
     EXPECT_EQ(Stored(), CrossSite::Keys({"C1", "A10"}));
     Type(form, "txtKeyID_3", "b1");
-    site.boxes.Expect("The keys of Door North", BoxAnswer::No);
+    site.boxes.Expect("The cross-keying of Door North", BoxAnswer::No);
     QTest::keyClick(form, Qt::Key_Escape);
     EXPECT_EQ(closed, 0);
 }

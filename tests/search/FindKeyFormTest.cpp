@@ -5,6 +5,7 @@
 
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 
 namespace quorrel::test {
 namespace {
