@@ -14,6 +14,8 @@ void AddPage(std::vector<Comparison>& comparisons);
 void AddPinning(std::vector<Comparison>& comparisons);
 void AddLists(std::vector<Comparison>& comparisons);
 void AddDoors(std::vector<Comparison>& comparisons);
+void AddCrossKeys(std::vector<Comparison>& comparisons);
+void AddFind(std::vector<Comparison>& comparisons);
 void AddHolders(std::vector<Comparison>& comparisons);
 void AddLogs(std::vector<Comparison>& comparisons);
 void AddStart(std::vector<Comparison>& comparisons);

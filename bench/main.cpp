@@ -42,6 +42,8 @@ int RunAll(std::vector<char*> arguments) {
     AddPinning(comparisons);
     AddLists(comparisons);
     AddDoors(comparisons);
+    AddCrossKeys(comparisons);
+    AddFind(comparisons);
     AddHolders(comparisons);
     AddLogs(comparisons);
     AddStart(comparisons);

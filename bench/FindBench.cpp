@@ -1,0 +1,116 @@
+#include "Benches.h"
+#include "LargeSite.h"
+#include "PaintWatch.h"
+#include "search/frmFindKey.h"
+#include "widgets/TextList.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <memory>
+#include <stdexcept>
+
+namespace quorrel::bench {
+
+namespace {
+
+/// The find form on the screen with the lists of a large site.
+class FindForm {
+public:
+    FindForm() : m_program(LargeSiteFolder().Path()) { m_program.OpenFirstSystem(); }
+
+    void Open() {
+        m_form.reset();
+        m_watch.UntilPainted([&] {
+            m_form = std::make_unique<frmFindKey>(m_program.session);
+            m_form->show();
+        });
+        Require("lstDoors", kSiteDoors);
+    }
+
+    void Type(const char* box, const QString& text) {
+        m_watch.UntilPainted([&] { Find<QLineEdit>(box).setText(text); });
+    }
+
+    /// Throws unless a list has at least some lines.
+    void Require(const char* list, int lines) {
+        if (Find<TextList>(list).Count() < lines)
+            throw std::runtime_error("A list is not as long as it should be.");
+    }
+
+    /// Searches for a key until it is found.
+    void FindKey(const char* box, const QString& text, const char* button) {
+        bool found = false;
+        const auto watch =
+            QObject::connect(m_form.get(), &frmFindKey::KeyFound, [&found] { found = true; });
+        Find<QLineEdit>(box).setText(text);
+        Find<QPushButton>(button).click();
+        QObject::disconnect(watch);
+        if (!found)
+            throw std::runtime_error("The key was not found.");
+    }
+
+private:
+    template <class Control>
+    Control& Find(const char* name) {
+        return *m_form->findChild<Control*>(QLatin1String(name));
+    }
+
+    QuietSession m_program;
+    PaintWatch m_watch;
+    std::unique_ptr<frmFindKey> m_form;
+};
+
+void OpenFind(benchmark::State& state) {
+    FindForm form;
+    while (state.KeepRunning())
+        form.Open();
+}
+
+/// Types by turns one of two texts into a search box, of which each leaves a long list.
+void TypeInto(benchmark::State& state, const char* box, const char* one, const char* other,
+              const char* list, int lines) {
+    FindForm form;
+    form.Open();
+    int keystroke = 0;
+    while (state.KeepRunning()) {
+        form.Type(box, QLatin1String(keystroke++ % 2 ? one : other));
+        form.Require(list, lines);
+    }
+}
+
+/// The last key by page and position, so that all rows are looked at.
+void FindByLabel(benchmark::State& state) {
+    FindForm form;
+    form.Open();
+    while (state.KeepRunning())
+        form.FindKey("txtLabel", QStringLiteral("K%1").arg(kSiteKeys - 1, 5, 10, QChar(u'0')),
+                     "cmdFindLable");
+}
+
+} // namespace
+
+void AddFind(std::vector<Comparison>& comparisons) {
+    const Bound list{Bound::Kind::Seconds, 0.05};
+    const char* doors = "walk of the site's doors, bare";
+    const char* keys = "walk of the keys, bare";
+    const char* holders = "walk of the site's holders, bare";
+    Register("find form opened, painted", OpenFind);
+    Register("keystroke in find doors, painted", [](benchmark::State& state) {
+        TypeInto(state, "txtDoorSearch", "d", "d0", "lstDoors", kSiteDoors);
+    });
+    Register("keystroke in find users, painted", [](benchmark::State& state) {
+        TypeInto(state, "txtUserSearch", "1", "10", "lstUserList", kSiteHolders / 2);
+    });
+    Register("keystroke in find descriptions, painted", [](benchmark::State& state) {
+        TypeInto(state, "txtDescSearch", "room", "rooms", "lstDescriptions", kSiteKeys - 1);
+    });
+    Register("key found by its Key ID", FindByLabel);
+    comparisons.push_back({"find form opened, painted", holders, list});
+    comparisons.push_back({"keystroke in find doors, painted", doors, list});
+    comparisons.push_back({"keystroke in find users, painted", holders, list});
+    comparisons.push_back({"keystroke in find descriptions, painted", keys, list});
+    comparisons.push_back({"key found by its Key ID", keys, list});
+}
+
+} // namespace quorrel::bench
