@@ -86,7 +86,9 @@ void WalkPinning(Tour& tour) {
 }
 
 void WalkCore(Tour& tour) {
-    tour.Take({{"Core system", CreateCore}, {"Core chart", PrintCoreChart}});
+    tour.Take({{"Core system", CreateCore},
+               {"Core chart", PrintCoreChart},
+               {"Cross-keyed core", CrossKeyCore}});
 }
 
 } // namespace quorrel::tour

@@ -44,6 +44,14 @@ void WalkLists(Tour& tour);
 /// The doors of the first key system and the keys that open them.
 void WalkDoors(Tour& tour);
 
+/// Steps of these ways that cross-key a door: in the door form on a door that has a key, and from
+/// the main form in a system of interchangeable cores.
+void CrossKeyDoor(Tour& tour);
+void CrossKeyCore(Tour& tour);
+
+/// The search for keys, doors and holders.
+void WalkFind(Tour& tour);
+
 /// The logs of key units, and the tidying of departments and hardware.
 void WalkBooks(Tour& tour);
 

@@ -114,6 +114,7 @@ void Walk(const Options& options) {
     WalkLists(tour);
     WalkHolders(tour);
     WalkDoors(tour);
+    WalkFind(tour);
     WalkBooks(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);

@@ -7,6 +7,7 @@
 #include "store/SystemTables.h"
 
 #include <QHash>
+#include <QStringBuilder>
 
 namespace quorrel {
 
@@ -114,25 +115,30 @@ QString TextOf(const HolderNameRow& holder, HolderColumn column) {
 QString LineOf(const HolderNameRow& holder, HolderColumn column) {
     switch (column) {
     case HolderColumn::LastName:
-        return holder.UserIDNumber + QStringLiteral(" - ") + holder.Lastname + u' ' +
-               holder.Firstname + u' ' + holder.Department;
+        return holder.UserIDNumber % u" - " % holder.Lastname % u' ' % holder.Firstname % u' ' %
+               holder.Department;
     case HolderColumn::FirstName:
-        return holder.UserIDNumber + QStringLiteral(" - ") + holder.Firstname + u' ' +
-               holder.Lastname + u' ' + holder.Department;
+        return holder.UserIDNumber % u" - " % holder.Firstname % u' ' % holder.Lastname % u' ' %
+               holder.Department;
     case HolderColumn::UserID:
         break;
     }
-    return holder.UserIDNumber + u' ' + holder.Lastname + u' ' + holder.Firstname +
-           QStringLiteral(" - ") + holder.Department;
+    return holder.UserIDNumber % u' ' % holder.Lastname % u' ' % holder.Firstname % u" - " %
+           holder.Department;
 }
 
-std::vector<HolderNameRow> HoldersOf(Session& session) {
-    return Recordset<HolderNameRow>(session.Keys(), OfSystem<HolderNameRow>(session)).Rows();
+template <class Visit>
+void WalkHolders(Session& session, Visit&& visit) {
+    Recordset<HolderNameRow>(session.Keys(), OfSystem<HolderNameRow>(session))
+        .Walk([&](const HolderNameRow& holder) {
+            visit(holder);
+            return true;
+        });
 }
 
 /// The part of a unit's text before what became of it.
 QString Number(const QString& unit) {
-    const auto fate = unit.indexOf(QStringLiteral("***"));
+    const auto fate = unit.indexOf(u"***");
     return fate < 0 ? unit : unit.left(fate);
 }
 
@@ -209,14 +215,14 @@ std::vector<UnitLine> UnitsOfDepartment(Session& session, const QString& departm
             return true;
         });
     std::vector<UnitLine> lines;
-    for (const HolderNameRow& holder : HoldersOf(session)) {
+    WalkHolders(session, [&](const HolderNameRow& holder) {
         if (RightTrimmed(holder.Department) != RightTrimmed(department))
-            continue;
+            return;
         for (const UnitInHand& unit : unitsOf.value(holder.UserIDNumber))
-            lines.push_back({unit.Text() + QStringLiteral(" - ") + holder.UserIDNumber + u' ' +
-                                 holder.Lastname + u' ' + holder.Firstname,
+            lines.push_back({unit.Text() % u" - " % holder.UserIDNumber % u' ' % holder.Lastname %
+                                 u' ' % holder.Firstname,
                              unit.KeyID});
-    }
+    });
     return lines;
 }
 
@@ -244,11 +250,10 @@ QString HighestUnit(Session& session) {
     QString highest;
     Recordset<IssuedUnit>(session.Keys(),
                           OfSystem<IssuedUnit>(session).OrderBy(&KeyUnitRow::UnitIDNumber))
-        .Walk([&](const IssuedUnit& unit) {
-            const auto compared = Number(unit.UnitID).size();
-            if (unit.UnitID.left(compared) > highest.left(compared))
-                highest = unit.UnitID;
-            return true;
+        .WalkColumn(&KeyUnitRow::UnitID, [&](const QString& unit, RowKey) {
+            const auto compared = Number(unit).size();
+            if (QStringView(unit).left(compared) > QStringView(highest).left(compared))
+                highest = unit;
         });
     return highest;
 }
@@ -257,9 +262,10 @@ std::vector<ListedHolder> SearchHoldersBy(Session& session, HolderColumn column,
                                           const QString& text) {
     const QString upper = text.toUpper();
     std::vector<ListedHolder> lines;
-    for (const HolderNameRow& holder : HoldersOf(session))
+    WalkHolders(session, [&](const HolderNameRow& holder) {
         if (BeginsWith(TextOf(holder, column), upper))
             lines.push_back({holder.key, holder.UserIDNumber, LineOf(holder, column)});
+    });
     return lines;
 }
 

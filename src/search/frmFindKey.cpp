@@ -29,15 +29,14 @@ frmFindKey::~frmFindKey() = default;
 
 void frmFindKey::WatchKeys() {
     const auto byCuts = [this] {
-        Find(ui->txtCuts, m_search.FindByCuts(ui->txtCuts->text()),
-             tr("Those cuts do not exist in this system."));
+        Find(ui->txtCuts, &KeySearch::FindByCuts, tr("Those cuts do not exist in this system."));
     };
     const auto byLabel = [this] {
-        Find(ui->txtLabel, m_search.FindByLabel(ui->txtLabel->text()),
+        Find(ui->txtLabel, &KeySearch::FindByLabel,
              tr("That Key ID does not exist in this system."));
     };
     const auto bySerial = [this] {
-        Find(ui->txtSerial, m_search.FindBySerial(ui->txtSerial->text()),
+        Find(ui->txtSerial, &KeySearch::FindBySerial,
              tr("That Serial Number does not exist in this system."));
     };
     On(ui->cmdFindCuts, &QPushButton::clicked, byCuts);
@@ -144,9 +143,13 @@ void frmFindKey::FillHolders() {
 
 // Keys.
 
-/// What a finder makes of its hit or its miss.
-void frmFindKey::Find(QLineEdit* box, const std::optional<KeyHit>& hit, const QString& miss) {
+/// Searches for what a box holds. A miss is told.
+void frmFindKey::Find(QLineEdit* box, Finder finder, const QString& miss) {
     m_session.hit.FoundLabel.clear();
+    const auto hit = [&] {
+        const BusyPointer busy;
+        return (m_search.*finder)(box->text());
+    }();
     if (!hit) {
         m_session.boxes.Message(miss, m_session.ProgramTitle);
         box->setFocus();
@@ -164,7 +167,11 @@ void frmFindKey::FindByDescription() {
         Tell(tr("Choose a description, then go to its key"));
         return;
     }
-    if (const auto hit = m_search.FindByDescription(line))
+    const auto hit = [&] {
+        const BusyPointer busy;
+        return m_search.FindByDescription(line);
+    }();
+    if (hit)
         Report(*hit, line);
 }
 

@@ -47,7 +47,8 @@ private:
     void FillDoors();
     void FillHolders();
 
-    void Find(QLineEdit* box, const std::optional<KeyHit>& hit, const QString& miss);
+    using Finder = std::optional<KeyHit> (KeySearch::*)(const QString&) const;
+    void Find(QLineEdit* box, Finder finder, const QString& miss);
     void FindByDescription();
     void Report(const KeyHit& hit, const QString& description);
     void FindByUnit();
