@@ -42,6 +42,7 @@ void FindAccess(benchmark::State& state, int cutsPerChamber, int step) {
         Raised(static_cast<std::size_t>(cutsPerChamber), program.session.System.PinCount);
     PaintWatch watch;
     AccessPanel panel;
+    panel.OfferCuts(true);
     watch.UntilPainted([&] { panel.show(); });
     while (state.KeepRunning()) {
         const auto progress = program.session.boxes.BeginProgress({}, {}, AccessSteps(keying));
@@ -49,7 +50,7 @@ void FindAccess(benchmark::State& state, int cutsPerChamber, int step) {
         if (!access || access->combinations != expected)
             throw std::runtime_error("Not all combinations were worked out.");
         watch.UntilPainted(
-            [&] { panel.ShowAccess(*access, program.session.System.MasterKeyCuts, true); });
+            [&] { panel.ShowAccess(*access, program.session.System.MasterKeyCuts); });
     }
 }
 

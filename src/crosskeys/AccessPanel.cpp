@@ -58,12 +58,15 @@ AccessPanel::AccessPanel(QWidget* parent)
 
 AccessPanel::~AccessPanel() = default;
 
-void AccessPanel::ShowAccess(const KeysWithAccess& access, const std::string& doorCuts,
-                             bool mayReadCuts) {
-    ShowKeys(*ui->lstChanges, access.changes, doorCuts, mayReadCuts);
-    ShowKeys(*ui->lstMasterSort, access.masters, doorCuts, mayReadCuts);
-    ui->lstAllCuts->SetLines(TextsOf(access.phantoms, mayReadCuts));
+void AccessPanel::OfferCuts(bool mayReadCuts) {
+    m_mayReadCuts = mayReadCuts;
     ui->lstAllCuts->setEnabled(mayReadCuts);
+}
+
+void AccessPanel::ShowAccess(const KeysWithAccess& access, const std::string& doorCuts) {
+    ShowKeys(*ui->lstChanges, access.changes, doorCuts, m_mayReadCuts);
+    ShowKeys(*ui->lstMasterSort, access.masters, doorCuts, m_mayReadCuts);
+    ui->lstAllCuts->SetLines(TextsOf(access.phantoms, m_mayReadCuts));
     ui->Label7->setText(tr("%1 Phantom Keys").arg(access.phantoms.size()));
     ui->lblAccess->setText(ResultText(access));
 }

@@ -20,9 +20,12 @@ public:
     explicit AccessPanel(QWidget* parent = nullptr);
     ~AccessPanel() override;
 
+    /// Whether cuts may be read; asterisks stand for them otherwise.
+    void OfferCuts(bool mayReadCuts);
+
     /// Shows who has access. Beside each key stands in which chambers it differs from the door's
     /// present key, whose cuts are given where it has one.
-    void ShowAccess(const KeysWithAccess& access, const std::string& doorCuts, bool mayReadCuts);
+    void ShowAccess(const KeysWithAccess& access, const std::string& doorCuts);
 
     /// Empties the lists, with what there is to say of that.
     void Clear(const QString& why = {});
@@ -33,6 +36,7 @@ public:
 
 private:
     std::unique_ptr<Ui::AccessPanel> ui;
+    bool m_mayReadCuts = false;
 };
 
 } // namespace quorrel

@@ -4,6 +4,7 @@
 #include "pinning/PinSizes.h"
 #include "pinning/PinText.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 
 #include <stdexcept>
 
@@ -77,6 +78,7 @@ QString RemarkOn(const Session& session, int element, const MeantKey& meant) {
 }
 
 CrossPinning CalculateCrossPinning(Session& session, const CrossKeyIDs& keyIDs) {
+    RequireSystem(session);
     RequireCuts(session.System);
     CrossPinning pinning;
     pinning.cuts[0] = session.System.MasterKeyCuts;

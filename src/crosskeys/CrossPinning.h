@@ -25,7 +25,7 @@ struct CrossPinning {
 QString RemarkOn(const Session& session, int element, const MeantKey& meant);
 
 /// Works out the pins for the keys of a door's page. Throws `std::runtime_error` when the cuts of
-/// the master key or of the control key are no digit a chamber.
+/// the master key or of the control key are no digit a chamber, and `SystemGone`.
 CrossPinning CalculateCrossPinning(Session& session, const CrossKeyIDs& keyIDs);
 
 /// The element of one of the rows of an interchangeable core's panel, a chamber each.

@@ -73,6 +73,7 @@ frmCrossKeyed::frmCrossKeyed(Session& session, const DoorsRow& door, const Pinni
     for (QPushButton* button : {ui->cmdAssignTo, ui->cmdRemoveFrom})
         button->setEnabled(session.SessionPermissions.IssueKeys);
     ui->cmdPinning->setEnabled(MayRead());
+    ui->pnlAccess->OfferCuts(MayRead());
     ui->cmdPrint->setEnabled(session.SessionPermissions.RunReports);
     ui->splPanes->setSizes({260, 720, 290});
     OfferFoot();
@@ -150,7 +151,8 @@ void frmCrossKeyed::ShowDoor() {
     ui->txtDoorLabel->setText(m_door.DoorLabel);
     ui->txtDoorDescription->setText(OneLine(m_door.DoorDescription));
     ui->txtDoorLocation->setText(OneLine(m_door.DoorLocation));
-    for (QLineEdit* edit : {ui->txtDoorLabel, ui->txtDoorDescription, ui->txtDoorLocation})
+    for (QLineEdit* edit :
+         {ui->txtDoorID, ui->txtDoorLabel, ui->txtDoorDescription, ui->txtDoorLocation})
         edit->setCursorPosition(0);
 }
 
@@ -332,7 +334,7 @@ void frmCrossKeyed::AskForAccess() {
         access = CalculateKeysWithAccess(m_session, m_pinning->keying, progress);
     }
     if (access)
-        ui->pnlAccess->ShowAccess(*access, m_doorCuts, MayRead());
+        ui->pnlAccess->ShowAccess(*access, m_doorCuts);
 }
 
 void frmCrossKeyed::Save() {

@@ -2,6 +2,7 @@
 
 #include "doors/CrossKeyMark.h"
 #include "platform/Text.h"
+#include "store/Conflict.h"
 #include "store/SystemTables.h"
 #include "ui_frmFindKey.h"
 #include "widgets/HelpContexts.h"
@@ -101,6 +102,7 @@ void frmFindKey::Reload() {
 }
 
 void frmFindKey::LoadLists() {
+    RequireSystem(m_session);
     const BusyPointer busy;
     const QString highest = HighestUnit(m_session);
     ui->txtKeyUnit->setToolTip(tr("Highest Unit Found %1").arg(Named(highest)));
@@ -146,6 +148,7 @@ void frmFindKey::FillHolders() {
 /// Searches for what a box holds. A miss is told.
 void frmFindKey::Find(QLineEdit* box, Finder finder, const QString& miss) {
     m_session.hit.FoundLabel.clear();
+    RequireSystem(m_session);
     const auto hit = [&] {
         const BusyPointer busy;
         return (m_search.*finder)(box->text());
@@ -204,11 +207,11 @@ void frmFindKey::FindByUnit() {
     m_keysOfUnit = found.keyIDs;
     ui->lstKeyID->SetLines(m_keysOfUnit);
     ui->Label4->setText(tr("Description"));
-    if (!found.fates.isEmpty())
-        Tell(found.fates.join(QStringLiteral("; ")));
-    else
-        Tell(m_keysOfUnit.isEmpty() ? tr("No key has a unit %1").arg(Named(ui->txtKeyUnit->text()))
-                                    : QString());
+    Tell(found.fates.join(QStringLiteral("; ")));
+    if (found.fates.isEmpty() && m_keysOfUnit.isEmpty())
+        Tell(ui->txtKeyUnit->text().isEmpty()
+                 ? tr("Enter the number of a unit, then look for it")
+                 : tr("No key has a unit %1").arg(Named(ui->txtKeyUnit->text())));
     if (m_keysOfUnit.size() == 1)
         OpenUnitsOf(m_keysOfUnit.first());
 }
@@ -251,12 +254,14 @@ void frmFindKey::ShowUnits(const QString& whose, std::vector<UnitLine> units) {
 const DoorSearchLine* frmFindKey::PickDoor() {
     const TextList* list = ui->lstDDoors->isHidden() ? ui->lstDoors : ui->lstDDoors;
     const int row = list->CurrentRow();
+    Tell({});
     if (row < 0 || m_doors.at(static_cast<std::size_t>(row)).door == 0)
         return nullptr;
     const DoorSearchLine& door = m_doors[static_cast<std::size_t>(row)];
     ui->txtLabel->setText(RightTrimmed(door.keyID));
     m_session.door.CurrentDoorLabel = door.label;
-    Tell(IsNoValue(door.keyID) ? tr("Door %1 has no key").arg(Named(door.label)) : QString());
+    if (IsNoValue(door.keyID))
+        Tell(tr("Door %1 has no key").arg(Named(door.label)));
     return &door;
 }
 

@@ -45,13 +45,17 @@ SystemGone::SystemGone(const QString& systemName)
                              .arg(systemName)
                              .toStdString()) {}
 
-SystemTransaction::SystemTransaction(Session& session) : Transaction(session.Keys()) {
+void RequireSystem(Session& session) {
     const auto system = Recordset<KeySystemRow>(
                             session.Keys(), Query<KeySystemRow>().Where(&KeySystemRow::SystemID,
                                                                         session.ActiveSystemNumber))
                             .First();
     if (!system || system->SystemName != session.System.name)
         throw SystemGone(session.System.name);
+}
+
+SystemTransaction::SystemTransaction(Session& session) : Transaction(session.Keys()) {
+    RequireSystem(session);
 }
 
 } // namespace quorrel

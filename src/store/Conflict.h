@@ -33,8 +33,11 @@ public:
     explicit SystemGone(const QString& systemName);
 };
 
-/// A transaction that writes for the open key system. Throws `SystemGone` when another
-/// workstation has deleted that, also where its number belongs to a system of another name.
+/// Throws `SystemGone` when another workstation has deleted the open key system, also where its
+/// number belongs to a system of another name: nothing is told of it that holds no longer.
+void RequireSystem(Session& session);
+
+/// A transaction that writes for the open key system, which `RequireSystem`.
 class SystemTransaction : public Transaction {
 public:
     explicit SystemTransaction(Session& session);

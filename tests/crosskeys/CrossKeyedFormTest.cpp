@@ -3,6 +3,7 @@
 #include "crosskeys/frmCrossKeyed.h"
 #include "platform/Text.h"
 #include "support/FormDriver.h"
+#include "systems/KeySystems.h"
 #include "widgets/TextList.h"
 
 #include <QLineEdit>
@@ -146,10 +147,10 @@ TEST_F(FrmCrossKeyed, ShowsNoCutsToWhomMayNotReadThem) {
     Open();
     Type(form, "txtKeyID_1", "a1");
     EXPECT_FALSE(Find<QPushButton>(form, "cmdPinning")->isEnabled());
+    EXPECT_FALSE(Find<TextList>(form, "lstAllCuts")->isEnabled());
     CalculateAccess();
     EXPECT_EQ(Text("lblCuts_0"), "********");
     EXPECT_EQ(Text("lblCuts_1"), "********");
-    EXPECT_FALSE(Find<TextList>(form, "lstAllCuts")->isEnabled());
     QStringList texts;
     for (const QLabel* label : form->findChildren<QLabel*>())
         texts << label->text() << label->toolTip() << label->accessibleName()
@@ -167,6 +168,18 @@ TEST_F(FrmCrossKeyed, ShowsNoCutsToWhomMayNotReadThem) {
     for (const std::string& cuts : {first, site.MasterCuts()})
         EXPECT_FALSE(texts.join('|').contains(QString::fromStdString(cuts)));
     EXPECT_FALSE(Lines("lstMasterSort").isEmpty());
+}
+
+TEST_F(FrmCrossKeyed, TellsThatTheSystemIsGoneRatherThanOfPhantomKeys) {
+    Open();
+    CalculateAccess();
+    EXPECT_EQ(Lines("lstMasterSort").size(), 1);
+    DeleteKeySystem(site.session, ListKeySystems(site.session).front());
+    site.boxes.Expect(kQuestion);
+    site.boxes.Expect("has been deleted at another workstation");
+    Click(form, "cmdAccess");
+    EXPECT_TRUE(Lines("lstMasterSort").isEmpty());
+    EXPECT_EQ(Text("Label7"), "");
 }
 
 TEST_F(FrmCrossKeyed, KeepsWhatWasTypedWhenAnotherWorkstationHasChangedTheSameDoor) {
