@@ -1,17 +1,12 @@
 #include "BareFile.h"
 #include "Benches.h"
 #include "LargeSite.h"
-#include "PaintWatch.h"
+#include "SiteForm.h"
 #include "crosskeys/AccessPanel.h"
 #include "crosskeys/frmCrossKeyed.h"
 #include "doors/DoorRecords.h"
 #include "pinning/PinningChart.h"
-#include "widgets/TextList.h"
 
-#include <QLineEdit>
-
-#include <memory>
-#include <stdexcept>
 #include <unordered_set>
 
 namespace quorrel::bench {
@@ -72,21 +67,17 @@ void LookUpBare(benchmark::State& state, int cutsPerChamber, int step) {
     }
 }
 
-/// A letter typed into the search of the keys to pick from, painted.
 void SearchCrossKey(benchmark::State& state) {
-    QuietSession program(LargeSiteFolder().Path());
-    program.OpenFirstSystem();
-    const auto door = FindDoor(program.session, QStringLiteral("D00001"));
-    PaintWatch watch;
-    frmCrossKeyed form(program.session, door.value(), PinningRequest());
-    watch.UntilPainted([&] { form.show(); });
-    auto& box = *form.findChild<QLineEdit*>(QStringLiteral("txtSearchKey"));
+    SiteForm<frmCrossKeyed> form(LargeSiteFolder().Path());
+    form.Open([](Session& session) {
+        const auto door = FindDoor(session, QStringLiteral("D00001"));
+        return std::make_unique<frmCrossKeyed>(session, door.value(), PinningRequest());
+    });
     const QString searches[] = {QStringLiteral("k"), QStringLiteral("k0")};
     int keystroke = 0;
     while (state.KeepRunning()) {
-        watch.UntilPainted([&] { box.setText(searches[keystroke++ % 2]); });
-        if (form.findChild<TextList*>(QStringLiteral("lstKeyIDs"))->Count() < kSiteKeys / 2)
-            throw std::runtime_error("A list is not as long as it should be.");
+        form.Type("txtSearchKey", searches[keystroke++ % 2]);
+        form.Require("lstKeyIDs", kSiteKeys / 2);
     }
 }
 

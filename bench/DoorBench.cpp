@@ -1,76 +1,16 @@
 #include "BareFile.h"
 #include "Benches.h"
 #include "LargeSite.h"
-#include "PaintWatch.h"
+#include "SiteForm.h"
 #include "doors/frmDoors.h"
 #include "store/DatabaseFiles.h"
 #include "widgets/TextCombo.h"
-#include "widgets/TextList.h"
-
-#include <QLineEdit>
-#include <QPushButton>
-
-#include <memory>
-#include <stdexcept>
 
 namespace quorrel::bench {
 
 namespace {
 
-/// The door form on the screen with the doors of a large site.
-class DoorForm {
-public:
-    explicit DoorForm(const QString& folder) : m_program(folder) { m_program.OpenFirstSystem(); }
-
-    /// Opens it anew, with its lists filled.
-    void Open() {
-        m_form.reset();
-        m_watch.UntilPainted([&] {
-            m_form = std::make_unique<frmDoors>(m_program.session);
-            m_form->show();
-        });
-        Require("lstAllDoors", kSiteDoors);
-    }
-
-    /// Types into a box and waits until what follows is painted.
-    template <class Box>
-    void Type(const char* box, const QString& text) {
-        m_watch.UntilPainted([&] {
-            if constexpr (std::is_same_v<Box, TextCombo>)
-                Find<Box>(box).setEditText(text);
-            else
-                Find<Box>(box).setText(text);
-        });
-    }
-
-    void ChooseKey(int row) {
-        m_watch.UntilPainted([&] {
-            auto& list = Find<TextList>("lstKeyIDs");
-            list.SetCurrentRow(row);
-            emit list.Clicked();
-        });
-    }
-
-    void Press(const char* button) {
-        m_watch.UntilPainted([&] { Find<QPushButton>(button).click(); });
-    }
-
-    /// Throws unless a list has at least some lines.
-    void Require(const char* list, int lines) {
-        if (Find<TextList>(list).Count() < lines)
-            throw std::runtime_error("A list is not as long as it should be.");
-    }
-
-    template <class Control>
-    Control& Find(const char* name) {
-        return *m_form->findChild<Control*>(QLatin1String(name));
-    }
-
-private:
-    QuietSession m_program;
-    PaintWatch m_watch;
-    std::unique_ptr<frmDoors> m_form;
-};
+using DoorForm = SiteForm<frmDoors>;
 
 QString LabelOf(int number) {
     return QStringLiteral("D%1").arg(number, 5, 10, QChar(u'0'));
@@ -78,8 +18,10 @@ QString LabelOf(int number) {
 
 void OpenDoors(benchmark::State& state) {
     DoorForm form(LargeSiteFolder().Path());
-    while (state.KeepRunning())
+    while (state.KeepRunning()) {
         form.Open();
+        form.Require("lstAllDoors", kSiteDoors);
+    }
 }
 
 void SearchDoor(benchmark::State& state) {
@@ -88,7 +30,7 @@ void SearchDoor(benchmark::State& state) {
     const QString searches[] = {QStringLiteral("d"), QStringLiteral("d0")};
     int keystroke = 0;
     while (state.KeepRunning()) {
-        form.Type<QLineEdit>("txtSearchDoor", searches[keystroke++ % 2]);
+        form.Type("txtSearchDoor", searches[keystroke++ % 2]);
         form.Require("lstAllDoors", kSiteDoors);
     }
 }
@@ -99,7 +41,7 @@ void SearchKey(benchmark::State& state) {
     const QString searches[] = {QStringLiteral("k"), QStringLiteral("k0")};
     int keystroke = 0;
     while (state.KeepRunning()) {
-        form.Type<QLineEdit>("txtSearchKey", searches[keystroke++ % 2]);
+        form.Type("txtSearchKey", searches[keystroke++ % 2]);
         form.Require("lstKeyIDs", kSiteKeys / 2);
     }
 }
@@ -109,7 +51,7 @@ void ChooseKey(benchmark::State& state) {
     form.Open();
     int row = 0;
     while (state.KeepRunning()) {
-        form.ChooseKey(row);
+        form.Choose("lstKeyIDs", row);
         form.Require("lstKeyedDoors", 1);
         row = row == 0 ? 1 : 0; // the first has a tenth of all doors
     }
@@ -121,7 +63,8 @@ void TypeLabel(benchmark::State& state) {
     int door = 0;
     while (state.KeepRunning()) {
         door = (door + 7) % kSiteDoors;
-        form.Type<TextCombo>("cmbDoorLabel", LabelOf(door));
+        form.Watch().UntilPainted(
+            [&] { form.Find<TextCombo>("cmbDoorLabel").setEditText(LabelOf(door)); });
         if (form.Find<QLineEdit>("txtDoorID").text().isEmpty())
             throw std::runtime_error("No door is shown.");
     }
@@ -131,7 +74,7 @@ void AssignDoors(benchmark::State& state) {
     const LargeSiteCopy site;
     DoorForm form(site.Path());
     form.Open();
-    form.ChooseKey(1);
+    form.Choose("lstKeyIDs", 1);
     int door = 0;
     while (state.KeepRunning()) {
         form.Find<TextList>("lstAllDoors").SetCurrentRow(++door);

@@ -1,72 +1,22 @@
 #include "BareFile.h"
 #include "Benches.h"
 #include "LargeSite.h"
-#include "PaintWatch.h"
+#include "SiteForm.h"
 #include "search/frmFindKey.h"
 #include "store/DatabaseFiles.h"
-#include "widgets/TextList.h"
-
-#include <QLineEdit>
-#include <QPushButton>
-
-#include <memory>
-#include <stdexcept>
 
 namespace quorrel::bench {
 
 namespace {
 
-/// The find form on the screen with the lists of a large site.
-class FindForm {
-public:
-    FindForm() : m_program(LargeSiteFolder().Path()) { m_program.OpenFirstSystem(); }
-
-    void Open() {
-        m_form.reset();
-        m_watch.UntilPainted([&] {
-            m_form = std::make_unique<frmFindKey>(m_program.session);
-            m_form->show();
-        });
-        Require("lstDoors", kSiteDoors);
-    }
-
-    void Type(const char* box, const QString& text) {
-        m_watch.UntilPainted([&] { Find<QLineEdit>(box).setText(text); });
-    }
-
-    /// Throws unless a list has at least some lines.
-    void Require(const char* list, int lines) {
-        if (Find<TextList>(list).Count() < lines)
-            throw std::runtime_error("A list is not as long as it should be.");
-    }
-
-    /// Searches for a key until it is found.
-    void FindKey(const char* box, const QString& text, const char* button) {
-        bool found = false;
-        const auto watch =
-            QObject::connect(m_form.get(), &frmFindKey::KeyFound, [&found] { found = true; });
-        Find<QLineEdit>(box).setText(text);
-        Find<QPushButton>(button).click();
-        QObject::disconnect(watch);
-        if (!found)
-            throw std::runtime_error("The key was not found.");
-    }
-
-private:
-    template <class Control>
-    Control& Find(const char* name) {
-        return *m_form->findChild<Control*>(QLatin1String(name));
-    }
-
-    QuietSession m_program;
-    PaintWatch m_watch;
-    std::unique_ptr<frmFindKey> m_form;
-};
+using FindForm = SiteForm<frmFindKey>;
 
 void OpenFind(benchmark::State& state) {
-    FindForm form;
-    while (state.KeepRunning())
+    FindForm form(LargeSiteFolder().Path());
+    while (state.KeepRunning()) {
         form.Open();
+        form.Require("lstDoors", kSiteDoors);
+    }
 }
 
 /// The limit of opening it: all rows of what it lists.
@@ -88,7 +38,7 @@ void WalkListed(benchmark::State& state) {
 /// Types by turns one of two texts into a search box, of which each leaves a long list.
 void TypeInto(benchmark::State& state, const char* box, const char* one, const char* other,
               const char* list, int lines) {
-    FindForm form;
+    FindForm form(LargeSiteFolder().Path());
     form.Open();
     int keystroke = 0;
     while (state.KeepRunning()) {
@@ -99,11 +49,16 @@ void TypeInto(benchmark::State& state, const char* box, const char* one, const c
 
 /// The last key by page and position, so that all rows are looked at.
 void FindByLabel(benchmark::State& state) {
-    FindForm form;
+    FindForm form(LargeSiteFolder().Path());
     form.Open();
+    form.Find<QLineEdit>("txtLabel")
+        .setText(QStringLiteral("K%1").arg(kSiteKeys - 1, 5, 10, QChar(u'0')));
+    int found = 0;
+    QObject::connect(&form.Window(), &frmFindKey::KeyFound, [&found] { ++found; });
     while (state.KeepRunning())
-        form.FindKey("txtLabel", QStringLiteral("K%1").arg(kSiteKeys - 1, 5, 10, QChar(u'0')),
-                     "cmdFindLable");
+        form.Find<QPushButton>("cmdFindLable").click();
+    if (found == 0)
+        throw std::runtime_error("The key was not found.");
 }
 
 } // namespace

@@ -1,69 +1,26 @@
 #include "BareFile.h"
 #include "Benches.h"
 #include "LargeSite.h"
-#include "PaintWatch.h"
+#include "SiteForm.h"
 #include "holders/frmKeyUsers.h"
 #include "store/DatabaseFiles.h"
-#include "widgets/TextList.h"
-
-#include <QLineEdit>
-
-#include <memory>
-#include <stdexcept>
 
 namespace quorrel::bench {
 
 namespace {
 
-/// The form of key users on the screen with the holders and units of a large site.
-class HolderForm {
-public:
-    HolderForm() : m_program(LargeSiteFolder().Path()) { m_program.OpenFirstSystem(); }
-
-    void Open() {
-        m_form.reset();
-        m_watch.UntilPainted([&] {
-            m_form = std::make_unique<frmKeyUsers>(m_program.session);
-            m_form->show();
-        });
-        Require("lstKeyHolders", kSiteHolders);
-    }
-
-    void Type(const char* box, const QString& text) {
-        m_watch.UntilPainted(
-            [&] { m_form->findChild<QLineEdit*>(QLatin1String(box))->setText(text); });
-    }
-
-    void Choose(const char* name, int row) {
-        m_watch.UntilPainted([&] {
-            auto& list = List(name);
-            list.SetCurrentRow(row);
-            emit list.Clicked();
-        });
-    }
-
-    /// Throws unless a list has at least some lines.
-    void Require(const char* name, int lines) {
-        if (List(name).Count() < lines)
-            throw std::runtime_error("A list is not as long as it should be.");
-    }
-
-private:
-    TextList& List(const char* name) { return *m_form->findChild<TextList*>(QLatin1String(name)); }
-
-    QuietSession m_program;
-    PaintWatch m_watch;
-    std::unique_ptr<frmKeyUsers> m_form;
-};
+using HolderForm = SiteForm<frmKeyUsers>;
 
 void OpenHolders(benchmark::State& state) {
-    HolderForm form;
-    while (state.KeepRunning())
+    HolderForm form(LargeSiteFolder().Path());
+    while (state.KeepRunning()) {
         form.Open();
+        form.Require("lstKeyHolders", kSiteHolders);
+    }
 }
 
 void SearchHolder(benchmark::State& state) {
-    HolderForm form;
+    HolderForm form(LargeSiteFolder().Path());
     form.Open();
     int keystroke = 0;
     while (state.KeepRunning()) {
@@ -73,7 +30,7 @@ void SearchHolder(benchmark::State& state) {
 }
 
 void ChooseHolder(benchmark::State& state) {
-    HolderForm form;
+    HolderForm form(LargeSiteFolder().Path());
     form.Open();
     int row = 0;
     while (state.KeepRunning())
@@ -82,7 +39,7 @@ void ChooseHolder(benchmark::State& state) {
 
 /// The first key has a tenth of all units.
 void ChooseUnits(benchmark::State& state) {
-    HolderForm form;
+    HolderForm form(LargeSiteFolder().Path());
     form.Open();
     form.Type("txtKeySearch", QLatin1String(kPopularKeyID));
     while (state.KeepRunning()) {

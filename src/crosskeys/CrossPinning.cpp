@@ -32,14 +32,6 @@ Cylinder CylinderFor(const OpenSystem& system, const CrossKeying& keying) {
     return cylinder;
 }
 
-QString ChamberNames(const std::vector<int>& chambers) {
-    QStringList names;
-    for (const int chamber : chambers)
-        names += QString::number(chamber);
-    return QLatin1String(names.size() > 1 ? "Chambers " : "Chamber ") +
-           names.join(QStringLiteral(", "));
-}
-
 /// The chambers with two master pins or more.
 std::vector<int> StackedChambers(const Cylinder& cylinder) {
     std::vector<int> chambers;
@@ -54,10 +46,10 @@ QStringList NotesOn(const CrossPinning& pinning) {
     if (const auto overfull = pinning.keying.Rows().overfull; !overfull.empty())
         notes += QStringLiteral("%1: a sixth master pin, which the rows have no place for. The "
                                 "drawing shows it.")
-                     .arg(ChamberNames(overfull));
+                     .arg(NameChambers(overfull));
     if (const auto stacked = StackedChambers(pinning.cylinder);
         pinning.cylinder.core && !stacked.empty())
-        notes += QStringLiteral("%1: load the wafer rows, not one pin.").arg(ChamberNames(stacked));
+        notes += QStringLiteral("%1: load the wafer rows, not one pin.").arg(NameChambers(stacked));
     return notes + DescribeFlaws(pinning.cylinder);
 }
 

@@ -13,15 +13,13 @@ QString Joined(const QStringList& words) {
            words.last();
 }
 
-/// "Chamber 3" or "Chambers 1, 3 and 4" for those that `fits` picks; empty when it picks none.
+/// The names of those chambers that `fits` picks.
 QString Chambers(const Cylinder& cylinder, const std::function<bool(const PinStack&)>& fits) {
-    QStringList numbers;
+    std::vector<int> chambers;
     for (std::size_t chamber = 0; chamber < cylinder.stacks.size(); ++chamber)
         if (fits(cylinder.stacks[chamber]))
-            numbers += QString::number(chamber + 1);
-    if (numbers.isEmpty())
-        return {};
-    return QLatin1String(numbers.size() > 1 ? "Chambers " : "Chamber ") + Joined(numbers);
+            chambers.push_back(static_cast<int>(chamber) + 1);
+    return NameChambers(chambers);
 }
 
 QString DescribeWafers(const PinStack& stack) {
@@ -34,6 +32,15 @@ QString DescribeWafers(const PinStack& stack) {
 }
 
 } // namespace
+
+QString NameChambers(const std::vector<int>& chambers) {
+    QStringList numbers;
+    for (const int chamber : chambers)
+        numbers += QString::number(chamber);
+    if (numbers.isEmpty())
+        return {};
+    return QLatin1String(numbers.size() > 1 ? "Chambers " : "Chamber ") + Joined(numbers);
+}
 
 QString PinFigure(int steps) {
     return QString(QLatin1Char(PinCharacter(steps)));

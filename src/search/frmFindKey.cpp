@@ -51,17 +51,17 @@ void frmFindKey::WatchKeys() {
     On(ui->lstDescriptions, &TextList::EnterPressed, [this] { FindByDescription(); });
     ui->lstDescriptions->SetSearchBox(ui->txtDescSearch);
     On(ui->txtDescSearch, &QLineEdit::textChanged,
-       [this] { WhileTyping(ui->txtDescSearch, [this] { FillDescriptions(); }); });
+       [this] { WhileTyping(ui->txtDescSearch, [this] { RefineDescriptions(); }); });
     On(ui->Command2, &QPushButton::clicked, [this] { FindByUnit(); });
     On(ui->txtKeyUnit, &QLineEdit::returnPressed, [this] { FindByUnit(); });
     On(ui->lstKeyID, &TextList::Clicked,
-       [this] { OpenUnitsOf(m_keysOfUnit.value(ui->lstKeyID->CurrentRow())); });
+       [this] { OpenUnitsOfKey(m_keysOfUnit.value(ui->lstKeyID->CurrentRow())); });
 }
 
 void frmFindKey::WatchDoors() {
     On(ui->cmdDoorList, &QPushButton::clicked, [this] { StepDoors(); });
     On(ui->txtDoorSearch, &QLineEdit::textChanged,
-       [this] { WhileTyping(ui->txtDoorSearch, [this] { FillDoors(); }); });
+       [this] { WhileTyping(ui->txtDoorSearch, [this] { RefineDoors(); }); });
     ui->lstDoors->SetSearchBox(ui->txtDoorSearch);
     for (TextList* list : {ui->lstDoors, ui->lstDDoors}) {
         On(list, &TextList::Clicked, [this] { PickDoor(); });
@@ -73,19 +73,12 @@ void frmFindKey::WatchDoors() {
 void frmFindKey::WatchHolders() {
     On(ui->cmdSearch, &QPushButton::clicked, [this] { StepHolders(); });
     On(ui->txtUserSearch, &QLineEdit::textChanged,
-       [this] { WhileTyping(ui->txtUserSearch, [this] { FillHolders(); }); });
+       [this] { WhileTyping(ui->txtUserSearch, [this] { RefineUsers(); }); });
     ui->lstUserList->SetSearchBox(ui->txtUserSearch);
-    On(ui->lstUserList, &TextList::Clicked, [this] {
-        const ListedHolder& holder =
-            m_holders.at(static_cast<std::size_t>(ui->lstUserList->CurrentRow()));
-        ShowUnits(holder.line, UnitsOfHolder(m_session, holder.number));
-    });
-    On(ui->lstDepartment, &TextList::Clicked, [this] {
-        const QString department = ui->lstDepartment->CurrentText();
-        ShowUnits(department, UnitsOfDepartment(m_session, department));
-    });
+    On(ui->lstUserList, &TextList::Clicked, [this] { ShowUserKeys(); });
+    On(ui->lstDepartment, &TextList::Clicked, [this] { ShowDepartmentKeys(); });
     On(ui->lstKeys, &TextList::Clicked, [this] {
-        OpenUnitsOf(m_units.at(static_cast<std::size_t>(ui->lstKeys->CurrentRow())).keyID);
+        OpenUnitsOfKey(m_units.at(static_cast<std::size_t>(ui->lstKeys->CurrentRow())).keyID);
     });
 }
 
@@ -106,19 +99,19 @@ void frmFindKey::LoadLists() {
     const BusyPointer busy;
     const QString highest = HighestUnit(m_session);
     ui->txtKeyUnit->setToolTip(tr("Highest Unit Found %1").arg(Named(highest)));
-    FillDoors();
-    FillHolders();
-    FillDescriptions();
+    RefineDoors();
+    RefineUsers();
+    RefineDescriptions();
     ui->lstDepartment->Refill(ListSearchDepartments(m_session));
     ui->lstKeys->SetLines({});
     ui->lblListLabel->setText(tr("Keys Issued to User"));
 }
 
-void frmFindKey::FillDescriptions() {
+void frmFindKey::RefineDescriptions() {
     ui->lstDescriptions->Refill(m_search.ListDescriptions(ui->txtDescSearch->text()));
 }
 
-void frmFindKey::FillDoors() {
+void frmFindKey::RefineDoors() {
     const bool byDepartment = m_doorColumn == DoorColumn::Department;
     TextList& list = byDepartment ? *ui->lstDDoors : *ui->lstDoors;
     m_doors = byDepartment ? DoorsByDepartment(m_session)
@@ -135,7 +128,7 @@ void frmFindKey::FillDoors() {
     ui->txtDoorSearch->setEnabled(!byDepartment);
 }
 
-void frmFindKey::FillHolders() {
+void frmFindKey::RefineUsers() {
     m_holders = SearchHoldersBy(m_session, m_holderColumn, ui->txtUserSearch->text());
     QStringList lines;
     for (const ListedHolder& holder : m_holders)
@@ -213,10 +206,10 @@ void frmFindKey::FindByUnit() {
                  ? tr("Enter the number of a unit, then look for it")
                  : tr("No key has a unit %1").arg(Named(ui->txtKeyUnit->text())));
     if (m_keysOfUnit.size() == 1)
-        OpenUnitsOf(m_keysOfUnit.first());
+        OpenUnitsOfKey(m_keysOfUnit.first());
 }
 
-void frmFindKey::OpenUnitsOf(const QString& keyID) {
+void frmFindKey::OpenUnitsOfKey(const QString& keyID) {
     emit UnitsWanted(Padded(keyID, kKeyIDWidth));
 }
 
@@ -228,7 +221,7 @@ void frmFindKey::StepDoors() {
     const int next = (static_cast<int>(m_doorColumn) + 1) % 4;
     m_doorColumn = static_cast<DoorColumn>(next);
     ui->cmdDoorList->setText(tr(kCaptions[next]));
-    FillDoors();
+    RefineDoors();
 }
 
 void frmFindKey::StepHolders() {
@@ -237,8 +230,19 @@ void frmFindKey::StepHolders() {
     m_holderColumn = static_cast<HolderColumn>(next);
     ui->txtUserSearch->clear();
     ui->cmdSearch->setText(tr(kCaptions[next]));
-    FillHolders();
+    RefineUsers();
     ui->txtUserSearch->setFocus();
+}
+
+void frmFindKey::ShowUserKeys() {
+    const ListedHolder& holder =
+        m_holders.at(static_cast<std::size_t>(ui->lstUserList->CurrentRow()));
+    ShowUnits(holder.line, UnitsOfHolder(m_session, holder.number));
+}
+
+void frmFindKey::ShowDepartmentKeys() {
+    const QString department = ui->lstDepartment->CurrentText();
+    ShowUnits(department, UnitsOfDepartment(m_session, department));
 }
 
 void frmFindKey::ShowUnits(const QString& whose, std::vector<UnitLine> units) {

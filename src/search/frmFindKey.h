@@ -43,16 +43,18 @@ private:
     void WatchDoors();
     void WatchHolders();
     void LoadLists();
-    void FillDescriptions();
-    void FillDoors();
-    void FillHolders();
+    void RefineDescriptions();
+    void RefineDoors();
+    void RefineUsers();
 
     using Finder = std::optional<KeyHit> (KeySearch::*)(const QString&) const;
     void Find(QLineEdit* box, Finder finder, const QString& miss);
     void FindByDescription();
     void Report(const KeyHit& hit, const QString& description);
     void FindByUnit();
-    void OpenUnitsOf(const QString& keyID);
+    void OpenUnitsOfKey(const QString& keyID);
+    void ShowUserKeys();
+    void ShowDepartmentKeys();
     void ShowUnits(const QString& whose, std::vector<UnitLine> units);
     void StepDoors();
     void StepHolders();

@@ -4,10 +4,11 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QScrollArea>
 #include <QWidget>
 
-#include <algorithm>
 #include <stdexcept>
+#include <vector>
 
 namespace quorrel {
 
@@ -27,6 +28,32 @@ private:
     QWidget& m_window;
     QPalette m_before;
 };
+
+/// Dots of the printed image for each of the screen.
+constexpr double kSharpness = 3;
+
+/// Draws a widget as large as fits on the page. By way of an image: only there is what has scrolled
+/// out of sight left out.
+void DrawWidget(QPainter& painter, QWidget& widget) {
+    QImage image((QSizeF(widget.size()) * kSharpness).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(kSharpness);
+    image.fill(widget.palette().color(QPalette::Window));
+    widget.render(&image);
+    const QSizeF page(painter.device()->width(), painter.device()->height());
+    painter.drawImage(QRectF(QPointF(), QSizeF(widget.size()).scaled(page, Qt::KeepAspectRatio)),
+                      image);
+}
+
+/// What a window shows only in part, to be scrolled.
+std::vector<QWidget*> ScrolledParts(const QWidget& window) {
+    std::vector<QWidget*> parts;
+    for (const QScrollArea* area : window.findChildren<QScrollArea*>())
+        if (QWidget* whole = area->widget(); area->isVisible() && whole &&
+                                             (whole->width() > area->viewport()->width() ||
+                                              whole->height() > area->viewport()->height()))
+            parts.push_back(whole);
+    return parts;
+}
 
 } // namespace
 
@@ -53,10 +80,11 @@ void PrintFormImage(QWidget& window, const QString& path, const QString& title) 
         QPainter painter;
         if (!painter.begin(&device))
             throw std::runtime_error("No page");
-        const double scale = std::min(device.width() / static_cast<double>(window.width()),
-                                      device.height() / static_cast<double>(window.height()));
-        painter.scale(scale, scale);
-        window.render(&painter);
+        DrawWidget(painter, window);
+        for (QWidget* part : ScrolledParts(window)) {
+            device.newPage();
+            DrawWidget(painter, *part);
+        }
     });
 }
 

@@ -16,7 +16,8 @@ void WritePdf(const QString& path, const QString& title, QPageLayout::Orientatio
               const std::function<void(QPagedPaintDevice&)>& paint);
 
 /// Prints the image of a window into a PDF file, in light colours whatever those of the screen are,
-/// as large as fits on one page. Throws as `WritePdf`.
+/// as large as fits on one page. What has to be scrolled to be seen whole follows on pages of its
+/// own. Throws as `WritePdf`.
 void PrintFormImage(QWidget& window, const QString& path, const QString& title);
 
 } // namespace quorrel

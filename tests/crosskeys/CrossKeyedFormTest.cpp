@@ -6,6 +6,7 @@
 #include "systems/KeySystems.h"
 #include "widgets/TextList.h"
 
+#include <QFile>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -174,7 +175,7 @@ TEST_F(FrmCrossKeyed, TellsThatTheSystemIsGoneRatherThanOfPhantomKeys) {
     Open();
     CalculateAccess();
     EXPECT_EQ(Lines("lstMasterSort").size(), 1);
-    DeleteKeySystem(site.session, ListKeySystems(site.session).front());
+    DeleteKeySystem(site.session, site.system);
     site.boxes.Expect(kQuestion);
     site.boxes.Expect("has been deleted at another workstation");
     Click(form, "cmdAccess");
@@ -228,6 +229,28 @@ TEST(FrmCrossKeyedIC, ShowsThePinsOfACoreForTheSelectedKey) {
     }
     Type(&form, "txtKeyID_1", "");
     EXPECT_EQ(LabelText(&form, "XlblControlPins_0"), "");
+}
+
+/// Pages of a PDF file that was written by the toolkit.
+qsizetype PagesOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll().count("/Type /Page\n");
+}
+
+TEST(FrmCrossKeyedIC, PrintsWhatHasScrolledOutOfSightOnAPageOfItsOwn) {
+    CrossSite site(QStringLiteral("39517"), SystemType::ICCore23);
+    frmCrossKeyed form(site.session, site.Door("North"), {});
+    form.show();
+    const QString path = site.folder.filePath("keys.pdf");
+    for (const auto& [size, pages] : {std::pair(QSize(780, 600), 2), {QSize(2400, 1600), 1}}) {
+        form.resize(size);
+        QCoreApplication::processEvents();
+        site.boxes.ExpectFileDialog("PDF Files (*.pdf)|*.pdf", path);
+        Click(&form, "cmdPrint");
+        EXPECT_EQ(PagesOf(path), pages);
+        EXPECT_TRUE(LabelText(&form, "lblFoot").contains("keys.pdf"));
+    }
 }
 
 } // namespace
