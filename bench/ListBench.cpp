@@ -18,9 +18,9 @@ namespace quorrel::bench {
 namespace {
 
 /// The main form on the screen with the system of a large site.
-class MainForm {
+class SitePage {
 public:
-    explicit MainForm(const QString& folder) : m_program(folder) {
+    explicit SitePage(const QString& folder) : m_program(folder) {
         m_program.OpenFirstSystem();
         m_form = std::make_unique<frmMain>(m_program.session);
         m_watch.UntilPainted([this] { m_form->show(); });
@@ -62,20 +62,20 @@ private:
 };
 
 void ListKeys(benchmark::State& state) {
-    MainForm form(LargeSiteFolder().Path());
+    SitePage form(LargeSiteFolder().Path());
     while (state.KeepRunning())
         form.Fill("cmdKeyList", "lstAllIDs", kSiteKeys);
 }
 
 void ListDoors(benchmark::State& state, const char* keyID, int doors) {
-    MainForm form(LargeSiteFolder().Path());
+    SitePage form(LargeSiteFolder().Path());
     form.Select(QLatin1String(keyID));
     while (state.KeepRunning())
         form.Fill("cmdListDoors", "lstActiveDoors", doors);
 }
 
 void ListUsers(benchmark::State& state) {
-    MainForm form(LargeSiteFolder().Path());
+    SitePage form(LargeSiteFolder().Path());
     form.Select(QLatin1String(kPopularKeyID));
     while (state.KeepRunning())
         form.Fill("cmdListUsers", "lstKeyUsers", kSiteUnits / 10);
@@ -106,7 +106,7 @@ public:
 
 private:
     LargeSiteCopy m_site;
-    MainForm m_form;
+    SitePage m_form;
     int m_cell = 0;
 };
 
