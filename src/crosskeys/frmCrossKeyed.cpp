@@ -87,6 +87,7 @@ frmCrossKeyed::frmCrossKeyed(Session& session, const DoorsRow& door, const Pinni
         m_counts.SetSystem(ListSystemCuts(m_session));
         FillKeys();
     });
+    ui->txtSearchKey->setFocus();
 }
 
 frmCrossKeyed::~frmCrossKeyed() = default;
@@ -113,6 +114,7 @@ void frmCrossKeyed::WatchButtons() {
        [this] { WhileTyping(ui->txtSearchKey, [this] { FillKeys(); }); });
     On(ui->cmdAssignTo, &QPushButton::clicked, [this] { SelectCrossKey(); });
     On(ui->lstKeyIDs, &TextList::DoubleClicked, [this] { SelectCrossKey(); });
+    On(ui->lstKeyIDs, &TextList::EnterPressed, [this] { SelectCrossKey(); });
     On(ui->cmdRemoveFrom, &QPushButton::clicked, [this] { RemoveCrossKey(); });
     On(ui->cmdPinning, &QPushButton::clicked, [this] {
         const BusyPointer busy;

@@ -163,6 +163,8 @@ void frmFindKey::FindByDescription() {
         Tell(tr("Choose a description, then go to its key"));
         return;
     }
+    m_session.hit.FoundLabel.clear();
+    RequireSystem(m_session);
     const auto hit = [&] {
         const BusyPointer busy;
         return m_search.FindByDescription(line);

@@ -68,7 +68,9 @@ TEST_F(FrmCrossKeyed, TakesKeysIntoItsBoxesAndStoresThemBySaveAlone) {
     Pick(0);
     EXPECT_TRUE(Text("lblFoot").contains("already"));
     QTest::mouseClick(Find<TextList>(form, "lstKeyIDs")->viewport(), Qt::LeftButton, {}, {20, 40});
-    Pick(2);
+    auto* keys = Find<TextList>(form, "lstKeyIDs");
+    keys->SetCurrentRow(2);
+    QTest::keyClick(keys, Qt::Key_Return);
     EXPECT_EQ(Box(2), Padded("B1", 12));
     Click(form, "cmdSave");
     EXPECT_EQ(Text("lblState"), "");
