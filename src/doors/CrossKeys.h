@@ -85,7 +85,7 @@ CrossKeying CrossKeyingFor(const Session& session, const CrossKeyCuts& cuts);
 std::map<double, CrossKeyIDs> ListCrossKeyedDoors(Session& session);
 
 /// The Key IDs of the named keys that turn the cylinder of a cross-keyed door although neither its
-/// own Key ID nor the masters over that give them the right to, by `Serial`.
+/// own Key ID nor the masters over that give them the right to, in the order of their texts.
 QStringList KeysBeyondHierarchy(Session& session, const QString& cutsLabel,
                                 const CrossKeyIDs& keyIDs);
 
