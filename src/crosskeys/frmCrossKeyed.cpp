@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/Text.h"
 #include "store/Conflict.h"
+#include "store/SystemTables.h"
 #include "ui_frmCrossKeyed.h"
 #include "widgets/FormImage.h"
 #include "widgets/HelpContexts.h"
@@ -57,6 +58,7 @@ frmCrossKeyed::frmCrossKeyed(Session& session, const DoorsRow& door, const Pinni
       m_formerKey(door.CutsLabel),
       m_counts([this](std::size_t first, const std::vector<std::uint64_t>& added) {
           std::vector<Aside> asides;
+          asides.reserve(added.size());
           for (const std::uint64_t count : added)
               asides.push_back({QStringLiteral("+%1").arg(count),
                                 tr("Would add %1 phantom keys to this door.").arg(count)});
