@@ -332,9 +332,9 @@ frmFindKey* Program::LoadFind() {
         m_find->hide();
         m_main->ShowFound(page, hit.position, told);
     });
-    When(find, &frmFindKey::UnitsWanted, [this](const QString& keyID) {
+    When(find, &frmFindKey::UnitsWanted, [this](const QString& keyID, const QString& told) {
         auto* users = Load<frmKeyUsers>();
-        users->SearchKey(keyID);
+        users->SearchKey(keyID, told);
         ShowFromFind(*users);
     });
     When(find, &frmFindKey::DoorWanted, [this](const QString& label) {

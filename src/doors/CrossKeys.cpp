@@ -198,6 +198,8 @@ QString DescribeCrossKeying(Session& session, RowKey door) {
     const auto row = Recordset<DoorsRow>(session.Keys(), Query<DoorsRow>().WhereKey(door)).First();
     if (!row)
         return {};
+    if (row->SystemNumber != session.ActiveSystemNumber)
+        return QStringLiteral("Cross-keyed. The door belongs to another key system.");
     const CrossKeyIDs keyIDs = KeyIDsOf(FindCrossKeys(session, row->DoorID));
     if (std::all_of(keyIDs.begin(), keyIDs.end(), IsBlank))
         return QStringLiteral("Cross-keyed, but its cross-key page names no key.");

@@ -166,6 +166,15 @@ std::optional<DoorsRow> FindDoor(Session& session, const QString& label) {
         .First();
 }
 
+bool IsDoorOfMaps(Session& session, const QString& label) {
+    return session.MapFilingNumber != session.ActiveSystemNumber &&
+           !Recordset<DoorName>(session.Keys(),
+                                Query<DoorsRow>()
+                                    .Where(&DoorsRow::SystemNumber, session.MapFilingNumber)
+                                    .Where(&DoorsRow::DoorLabel, label))
+                .Empty();
+}
+
 std::optional<DoorsRow> FindDoorByID(Session& session, double doorID) {
     return Recordset<DoorsRow>(session.Keys(),
                                OfSystem<DoorsRow>(session).Where(&DoorsRow::DoorID, doorID))

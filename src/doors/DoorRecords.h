@@ -57,6 +57,9 @@ std::optional<DoorsRow> FindDoorMeant(Session& session, const QString& label);
 /// The door of the open system with this `DoorID`.
 std::optional<DoorsRow> FindDoorByID(Session& session, double doorID);
 
+/// Whether a label is that of a door of the other system whose maps the open one uses.
+bool IsDoorOfMaps(Session& session, const QString& label);
+
 /// Finds a door and makes it the session's current one.
 std::optional<DoorsRow> LoadDoorRecord(Session& session, const QString& label);
 

@@ -194,7 +194,10 @@ void frmDoors::AskFor(const QString& label) {
         m_shown.text.label = label; // It was not typed.
     ShowRecord(TypedRecord());
     if (!m_shown.stored && !label.isEmpty())
-        Tell(tr("%1 is not stored any more. Save adds it anew.").arg(DoorNamed(label)));
+        Tell((IsDoorOfMaps(m_session, label)
+                  ? tr("%1 belongs to another key system. Save adds one to this system.")
+                  : tr("%1 is not stored any more. Save adds it anew."))
+                 .arg(DoorNamed(label)));
 }
 
 /// Puts a label into its box, which is no edit.

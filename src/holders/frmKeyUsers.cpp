@@ -162,6 +162,7 @@ void frmKeyUsers::Activated() {
         return;
     ui->lstKeyIDs->SetCurrentRow(0);
     SelectKey();
+    Tell(std::exchange(m_toldOfSearch, {}));
 }
 
 QString frmKeyUsers::Unsaved() const {
@@ -258,7 +259,8 @@ void frmKeyUsers::ShowHolder(const QString& number) {
     }
 }
 
-void frmKeyUsers::SearchKey(const QString& keyID) {
+void frmKeyUsers::SearchKey(const QString& keyID, const QString& told) {
+    m_toldOfSearch = told;
     ui->txtKeySearch->setText(keyID);
     m_session.FindOpensKey = true;
 }

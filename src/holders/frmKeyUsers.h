@@ -26,8 +26,8 @@ public:
     void ShowHolder(const QString& number);
 
     /// Narrows the list of keys to a Key ID. When the form comes up next, the first of them is
-    /// taken in hand.
-    void SearchKey(const QString& keyID);
+    /// taken in hand. `told` says more of what was searched.
+    void SearchKey(const QString& keyID, const QString& told);
 
 protected:
     void Activated() override;
@@ -79,6 +79,7 @@ private:
 
     std::unique_ptr<Ui::frmKeyUsers> ui;
     PersonFields m_person;
+    QString m_toldOfSearch; ///< when the form comes up for a key that was searched
     HolderColumn m_column = HolderColumn::UserID;
     std::vector<ListedHolder> m_holders;        ///< of the lines of their list
     std::vector<ListedKey> m_keys;              ///< of the lines of theirs

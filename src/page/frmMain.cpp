@@ -1,6 +1,7 @@
 #include "page/frmMain.h"
 
 #include "access/IdleWatch.h"
+#include "engine/PageGeometry.h"
 #include "page/KeyLists.h"
 #include "platform/Text.h"
 #include "ui_frmMain.h"
@@ -346,6 +347,10 @@ void frmMain::BringUp(int page, int cell) {
 }
 
 void frmMain::ShowFound(int page, int cell, const QString& told) {
+    if (cell >= kAllCells) {
+        ui->pnlStatus->Tell(tr("The key that was found has no cell on a page."));
+        return;
+    }
     BringUp(page, cell);
     if (!told.isEmpty())
         ui->pnlStatus->Tell(told);

@@ -201,6 +201,8 @@ QStringList KeySearch::ListDescriptions(const QString& search) const {
 }
 
 std::optional<PageRange> PagesOfLevel(Session& session, const KeyHit& hit) {
+    if (hit.position < kFirstLevelCell || hit.position > kLastLevelCell)
+        return std::nullopt;
     const auto level = static_cast<std::size_t>(hit.position - kFirstLevelCell);
     std::optional<PageRange> pages;
     Recordset<PageCuts>(session.Keys(), OfSystem<PageCuts>(session)

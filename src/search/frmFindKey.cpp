@@ -86,6 +86,7 @@ void frmFindKey::WatchHolders() {
 
 /// Each showing reads the lists anew: the file has changed since.
 void frmFindKey::Activated() {
+    Tell({});
     ui->lstKeyID->hide();
     LoadLists();
 }
@@ -103,19 +104,36 @@ void frmFindKey::LoadLists() {
     RefineUsers();
     RefineDescriptions();
     ui->lstDepartment->Refill(ListSearchDepartments(m_session));
-    ui->lstKeys->SetLines({});
-    ui->lblListLabel->setText(tr("Keys Issued to User"));
+    if (ui->lstUserList == m_whose && m_whose->CurrentRow() >= 0)
+        ShowUserKeys();
+    else if (ui->lstDepartment == m_whose && m_whose->CurrentRow() >= 0)
+        ShowDepartmentKeys();
+    else
+        ui->lstKeys->SetLines({});
+    if (ui->lstKeys->Count() == 0)
+        ui->lblListLabel->setText(tr("Keys Issued to User"));
 }
 
 void frmFindKey::RefineDescriptions() {
+    RequireSystem(m_session);
     ui->lstDescriptions->Refill(m_search.ListDescriptions(ui->txtDescSearch->text()));
 }
 
 void frmFindKey::RefineDoors() {
-    const bool byDepartment = m_doorColumn == DoorColumn::Department;
-    TextList& list = byDepartment ? *ui->lstDDoors : *ui->lstDoors;
+    ShowDoors(m_doorColumn);
+}
+
+/// Lists the doors by a column, whose name then stands on the button.
+void frmFindKey::ShowDoors(DoorColumn column) {
+    static constexpr const char* kCaptions[] = {"by Door ID", "by Location", "by Description",
+                                                "by Department"};
+    RequireSystem(m_session);
+    const bool byDepartment = column == DoorColumn::Department;
     m_doors = byDepartment ? DoorsByDepartment(m_session)
-                           : SearchDoorsBy(m_session, m_doorColumn, ui->txtDoorSearch->text());
+                           : SearchDoorsBy(m_session, column, ui->txtDoorSearch->text());
+    m_doorColumn = column;
+    ui->cmdDoorList->setText(tr(kCaptions[static_cast<int>(column)]));
+    TextList& list = byDepartment ? *ui->lstDDoors : *ui->lstDoors;
     QStringList lines;
     for (const DoorSearchLine& door : m_doors)
         lines += door.text;
@@ -129,7 +147,16 @@ void frmFindKey::RefineDoors() {
 }
 
 void frmFindKey::RefineUsers() {
-    m_holders = SearchHoldersBy(m_session, m_holderColumn, ui->txtUserSearch->text());
+    ShowHolders(m_holderColumn, ui->txtUserSearch->text());
+}
+
+/// Lists the holders whose column begins with a text; the column's name then stands on the button.
+void frmFindKey::ShowHolders(HolderColumn column, const QString& search) {
+    static constexpr const char* kCaptions[] = {"by User ID", "by Last Name", "by First Name"};
+    RequireSystem(m_session);
+    m_holders = SearchHoldersBy(m_session, column, search);
+    m_holderColumn = column;
+    ui->cmdSearch->setText(tr(kCaptions[static_cast<int>(column)]));
     QStringList lines;
     for (const ListedHolder& holder : m_holders)
         lines += holder.line;
@@ -138,10 +165,16 @@ void frmFindKey::RefineUsers() {
 
 // Keys.
 
-/// Searches for what a box holds. A miss is told.
-void frmFindKey::Find(QLineEdit* box, Finder finder, const QString& miss) {
+/// Nothing of an earlier search stands any more.
+void frmFindKey::BeginSearch() {
+    Tell({});
     m_session.hit.FoundLabel.clear();
     RequireSystem(m_session);
+}
+
+/// Searches for what a box holds. A miss is told.
+void frmFindKey::Find(QLineEdit* box, Finder finder, const QString& miss) {
+    BeginSearch();
     const auto hit = [&] {
         const BusyPointer busy;
         return (m_search.*finder)(box->text());
@@ -163,8 +196,7 @@ void frmFindKey::FindByDescription() {
         Tell(tr("Choose a description, then go to its key"));
         return;
     }
-    m_session.hit.FoundLabel.clear();
-    RequireSystem(m_session);
+    BeginSearch();
     const auto hit = [&] {
         const BusyPointer busy;
         return m_search.FindByDescription(line);
@@ -196,53 +228,52 @@ void frmFindKey::Report(const KeyHit& hit, const QString& description) {
 }
 
 void frmFindKey::FindByUnit() {
-    ui->Label4->setText(tr("Double Click the Key Desired from the list below."));
-    ui->lstKeyID->show();
+    ui->lstKeyID->SetLines({});
+    m_keysOfUnit.clear();
+    BeginSearch();
     const KeysOfUnit found = FindKeysOfUnit(m_session, ui->txtKeyUnit->text());
     m_keysOfUnit = found.keyIDs;
+    ui->Label4->setText(tr("Double Click the Key Desired from the list below."));
+    ui->lstKeyID->show();
     ui->lstKeyID->SetLines(m_keysOfUnit);
     ui->Label4->setText(tr("Description"));
-    Tell(found.fates.join(QStringLiteral("; ")));
-    if (found.fates.isEmpty() && m_keysOfUnit.isEmpty())
+    const QString fates = found.fates.join(QStringLiteral("; "));
+    Tell(fates);
+    if (fates.isEmpty() && m_keysOfUnit.isEmpty())
         Tell(ui->txtKeyUnit->text().isEmpty()
                  ? tr("Enter the number of a unit, then look for it")
                  : tr("No key has a unit %1").arg(Named(ui->txtKeyUnit->text())));
     if (m_keysOfUnit.size() == 1)
-        OpenUnitsOfKey(m_keysOfUnit.first());
+        OpenUnitsOfKey(m_keysOfUnit.first(), fates);
 }
 
-void frmFindKey::OpenUnitsOfKey(const QString& keyID) {
-    emit UnitsWanted(Padded(keyID, kKeyIDWidth));
+void frmFindKey::OpenUnitsOfKey(const QString& keyID, const QString& told) {
+    emit UnitsWanted(Padded(keyID, kKeyIDWidth), told);
 }
 
 // Doors and holders.
 
 void frmFindKey::StepDoors() {
-    static constexpr const char* kCaptions[] = {"by Door ID", "by Location", "by Description",
-                                                "by Department"};
-    const int next = (static_cast<int>(m_doorColumn) + 1) % 4;
-    m_doorColumn = static_cast<DoorColumn>(next);
-    ui->cmdDoorList->setText(tr(kCaptions[next]));
-    RefineDoors();
+    ShowDoors(static_cast<DoorColumn>((static_cast<int>(m_doorColumn) + 1) % 4));
 }
 
 void frmFindKey::StepHolders() {
-    static constexpr const char* kCaptions[] = {"by User ID", "by Last Name", "by First Name"};
-    const int next = (static_cast<int>(m_holderColumn) + 1) % 3;
-    m_holderColumn = static_cast<HolderColumn>(next);
+    ShowHolders(static_cast<HolderColumn>((static_cast<int>(m_holderColumn) + 1) % 3), {});
     ui->txtUserSearch->clear();
-    ui->cmdSearch->setText(tr(kCaptions[next]));
-    RefineUsers();
     ui->txtUserSearch->setFocus();
 }
 
 void frmFindKey::ShowUserKeys() {
+    RequireSystem(m_session);
+    m_whose = ui->lstUserList;
     const ListedHolder& holder =
         m_holders.at(static_cast<std::size_t>(ui->lstUserList->CurrentRow()));
     ShowUnits(holder.line, UnitsOfHolder(m_session, holder.number));
 }
 
 void frmFindKey::ShowDepartmentKeys() {
+    RequireSystem(m_session);
+    m_whose = ui->lstDepartment;
     const QString department = ui->lstDepartment->CurrentText();
     ShowUnits(department, UnitsOfDepartment(m_session, department));
 }

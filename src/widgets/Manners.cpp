@@ -11,6 +11,8 @@
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
+#include <utility>
+
 namespace quorrel {
 
 namespace {
@@ -27,6 +29,9 @@ public:
             return RefusesWheel(watched, event);
         if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease)
             return IsHeldEnter(*static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::MouseButtonPress ||
+            event->type() == QEvent::MouseButtonDblClick)
+            return IsForWindowBefore(watched, event->type());
         if (event->type() == QEvent::ToolTip)
             return ShowTip(watched, *static_cast<QHelpEvent*>(event));
         return false;
@@ -43,6 +48,16 @@ private:
             return false;
         }
         return key.isAutoRepeat() || (key.timestamp() != 0 && key.timestamp() == m_enterReleased);
+    }
+
+    /// Whether it is the second press of a double click whose first one has brought this window up:
+    /// it was meant for what lay there before.
+    bool IsForWindowBefore(QObject* watched, QEvent::Type type) {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (!widget)
+            return false;
+        const QWidget* before = std::exchange(m_pressed, widget->window());
+        return type == QEvent::MouseButtonDblClick && before != widget->window();
     }
 
     /// Rolling on over a window must not change what stands in its boxes.
@@ -65,6 +80,8 @@ private:
     }
 
     quint64 m_enterReleased = 0; ///< milliseconds of the window system
+    /// Window of the last press, only ever compared.
+    const QWidget* m_pressed = nullptr;
 };
 
 /// A label as a screen reader gets it.

@@ -1,6 +1,8 @@
 #include "platform/Text.h"
 #include "search/frmFindKey.h"
+#include "store/DatabaseFiles.h"
 #include "support/AllForms.h"
+#include "systems/KeySystems.h"
 #include "widgets/TextCombo.h"
 
 #include <QLineEdit>
@@ -93,6 +95,49 @@ TEST_F(FrmFindKey, LeadsFromAHolderToTheUnitsInHisHands) {
     EXPECT_TRUE(form->isVisible()) << "arrows only move";
     QTest::keyClick(keys, Qt::Key_Return);
     EXPECT_TRUE(Shown("frmKeyUsers"));
+}
+
+TEST_F(FrmFindKey, ShowsTheUnitsOfTheChosenHolderAgainWhenItComesBack) {
+    const QStringList units = Lines("lstKeys");
+    Type(form, "txtKeyUnit", "2");
+    Click(form, "Command2");
+    Click(Shown("frmKeyUsers"), "cmdDone");
+    Choose(Shown("frmMain"), "mnuCurrent");
+    EXPECT_EQ(Lines("lstKeys"), units);
+    EXPECT_TRUE(LabelText(form, "lblListLabel").contains("Marsh"));
+    Click(form, "Command1");
+    EXPECT_NE(Foot(), "");
+    Type(form, "txtLabel", "ZZ");
+    Expect("That Key ID does not exist");
+    Click(form, "cmdFindLable");
+    EXPECT_EQ(Foot(), "") << "nothing of an earlier search";
+}
+
+TEST_F(FrmFindKey, KeepsItsListsAndCaptionsTogetherWhenTheFileIsInUse) {
+    Database& keys = screen->Site().session.Keys();
+    keys.Execute("PRAGMA busy_timeout = 20");
+    auto other = Database::Open(screen->Site().PathOf(kKeySystemFile), kKeySystemKind);
+    const QStringList doors = Lines("lstDoors");
+    other->Execute("BEGIN EXCLUSIVE");
+    for (const char* button : {"cmdDoorList", "cmdSearch", "Command2"}) {
+        Expect("is in use by another workstation");
+        Click(form, button);
+    }
+    EXPECT_EQ(Find<QPushButton>(form, "cmdDoorList")->text(), "by Door ID");
+    EXPECT_EQ(Find<QPushButton>(form, "cmdSearch")->text(), "by User ID");
+    EXPECT_EQ(Lines("lstDoors"), doors);
+    EXPECT_EQ(LabelText(form, "Label4"), "Description");
+    other.reset();
+    Click(form, "cmdSearch");
+    EXPECT_EQ(Find<QPushButton>(form, "cmdSearch")->text(), "by Last Name");
+}
+
+TEST_F(FrmFindKey, TellsOfADeletedSystemNotOfAnEmptyOne) {
+    DeleteKeySystem(screen->Site().session, ListKeySystems(screen->Site().session).front());
+    Type(form, "txtKeyUnit", "2");
+    Expect("has been deleted at another workstation");
+    Click(form, "Command2");
+    EXPECT_FALSE(screen->Site().IsLoaded("frmFindKey"));
 }
 
 TEST_F(FrmFindKey, LeadsFromADoorToItsKeyOrToItsRecord) {

@@ -292,5 +292,28 @@ TEST_F(TextListTest, ACutLineAndAMarkAreToldByTheirTips) {
     EXPECT_EQ(TipOver(list->viewport(), PlaceOf(0)), "");
 }
 
+TEST_F(TextListTest, TheSecondPressOfADoubleClickIsForTheWindowOfTheFirst) {
+    InstallManners();
+    list->SetLines({"one", "two"});
+    TextList former;
+    former.SetLines({"one"});
+    former.show();
+    QCoreApplication::processEvents();
+    QTest::mouseClick(former.viewport(), Qt::LeftButton, {}, QPoint(10, 5));
+    const QPoint place = PlaceOf(1);
+    const auto secondPress = [&] {
+        QMouseEvent press(QEvent::MouseButtonDblClick, place, list->viewport()->mapToGlobal(place),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list->viewport(), &press);
+    };
+    secondPress();
+    EXPECT_EQ(list->CurrentRow(), -1);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    int doubled = 0;
+    QObject::connect(list, &TextList::DoubleClicked, [&] { ++doubled; });
+    secondPress();
+    EXPECT_EQ(doubled, 1);
+}
+
 } // namespace
 } // namespace quorrel::test
