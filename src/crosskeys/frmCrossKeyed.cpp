@@ -56,12 +56,15 @@ private:
 frmCrossKeyed::frmCrossKeyed(Session& session, const DoorsRow& door, const PinningRequest& selected)
     : Form(session), ui(std::make_unique<Ui::frmCrossKeyed>()), m_door(door),
       m_formerKey(door.CutsLabel),
-      m_counts([this](std::size_t first, const std::vector<std::uint64_t>& added) {
+      m_counts([this](std::size_t first, const std::vector<std::int64_t>& added) {
           std::vector<Aside> asides;
           asides.reserve(added.size());
-          for (const std::uint64_t count : added)
-              asides.push_back({QStringLiteral("+%1").arg(count),
-                                tr("Would add %1 phantom keys to this door.").arg(count)});
+          for (const std::int64_t count : added)
+              asides.push_back(
+                  count < 0 ? Aside{QStringLiteral("\u2212%1").arg(-count),
+                                    tr("Would take %1 phantom keys from this door.").arg(-count)}
+                            : Aside{QStringLiteral("+%1").arg(count),
+                                    tr("Would add %1 phantom keys to this door.").arg(count)});
           ui->lstKeyIDs->SetAsides(static_cast<int>(first), std::move(asides));
       }) {
     const bool core = session.System.SystemIsIC;
@@ -165,6 +168,7 @@ void frmCrossKeyed::ShowStoredKeys() {
     ShowKeys(KeyIDsOf(m_stored));
     m_doorCuts = FindMeantKey(m_session, Padded(m_door.CutsLabel, kKeyIDWidth)).cuts;
     ShowListedUnder();
+    ShowRemarks();
 }
 
 /// Which key the door is listed under, and what speaks against that.
@@ -195,13 +199,24 @@ void frmCrossKeyed::FillKeys() {
     CountPhantoms();
 }
 
-/// Begins to work out what each key to pick from would add.
+/// Begins to work out what each key to pick from would add, in the box that it would go into.
 void frmCrossKeyed::CountPhantoms() {
+    const CrossKeyIDs typed = TypedKeys();
+    const CrossKeyCuts cuts = FindCrossKeyCuts(m_session, typed);
+    const int element = BoxForCrossKey(typed, {}) + 1;
+    CrossKeyCuts without = cuts;
+    without[static_cast<std::size_t>(element)].clear();
+    const auto changesNothing = [&](const QString& keyID) {
+        return element >= PinnedElements(m_session) ||
+               std::any_of(typed.begin(), typed.end(), [&](const QString& held) {
+                   return Padded(held, kKeyIDWidth) == Padded(keyID, kKeyIDWidth);
+               });
+    };
     std::vector<std::string> candidates;
     candidates.reserve(m_keys.size());
     for (const CrossKeyLine& key : m_keys)
-        candidates.push_back(key.cuts);
-    m_counts.Begin(CrossKeyingFor(m_session, FindCrossKeyCuts(m_session, TypedKeys())),
+        candidates.push_back(changesNothing(key.line.label) ? std::string() : key.cuts);
+    m_counts.Begin(CrossKeyingFor(m_session, cuts), CrossKeyingFor(m_session, without),
                    std::move(candidates));
 }
 
@@ -220,7 +235,12 @@ void frmCrossKeyed::ShowKeys(const CrossKeyIDs& keyIDs) {
 
 void frmCrossKeyed::LeaveBox(int box) {
     QLineEdit& edit = *m_boxes[static_cast<std::size_t>(box)];
-    edit.setText(CrossKeyText(edit.text()));
+    const QString before = edit.text();
+    const QString after = CrossKeyText(before);
+    // A beginning may mean another key than the whole Key ID does.
+    if (m_pinning && FindMeantKey(m_session, before).keyID != FindMeantKey(m_session, after).keyID)
+        ClearResults();
+    edit.setText(after);
     ShowRemarks();
     CountPhantoms();
 }
@@ -231,6 +251,9 @@ void frmCrossKeyed::KeysChanged() {
     ui->lblState->setText(Unsaved().isEmpty() ? QString() : tr("not saved yet"));
     if (SameKeys(typed, m_calculatedFor))
         return;
+    for (std::size_t box = 0; box < typed.size(); ++box)
+        if (RightTrimmed(typed[box]) != RightTrimmed(m_calculatedFor[box]))
+            RemarkLabel(box + 1)->clear();
     m_calculatedFor = typed;
     ClearResults();
     ShowListedUnder();
@@ -241,11 +264,8 @@ void frmCrossKeyed::ClearResults(const QString& why) {
     ui->pnlRows->Clear();
     ui->pnlPins->Clear();
     ui->pnlAccess->Clear(why);
-    for (std::size_t element = 0; element < m_cuts.size(); ++element) {
-        m_cuts[element]->clear();
-        if (element > 0)
-            RemarkLabel(element)->clear();
-    }
+    for (QLabel* cuts : m_cuts)
+        cuts->clear();
 }
 
 QLabel* frmCrossKeyed::RemarkLabel(std::size_t element) const {
@@ -346,6 +366,7 @@ void frmCrossKeyed::Save() {
     m_stored = SaveCrossKeys(m_session, m_door, m_stored, typed);
     ShowKeys(KeyIDsOf(m_stored));
     KeysChanged();
+    ShowRemarks();
     Tell(tr("The keys of %1 are saved").arg(DoorNamed(m_door.DoorLabel)));
 }
 

@@ -145,6 +145,51 @@ TEST_F(FrmCrossKeyed, TellsBesideEachKeyHowManyPhantomKeysItWouldAdd) {
     EXPECT_EQ(keys->AsideOf(0), "+0");
 }
 
+TEST_F(FrmCrossKeyed, CountsWhatAKeyWouldReplaceOnceAllBoxesAreFull) {
+    for (int cell = 2; cell < 8; ++cell)
+        if (cell != 4)
+            site.Name(3, cell, QString("D%1").arg(cell));
+    Open();
+    int box = 0;
+    for (const char* keyID : {"A1", "B1", "D2", "D3", "D5", "D6"})
+        Type(form, ("txtKeyID_" + std::to_string(++box)).c_str(), keyID);
+    Click(form, "cmdPinning");
+    const auto cuts = ListSystemCuts(site.session);
+    const auto phantoms = [&](const CrossKeyIDs& keys) {
+        return static_cast<std::int64_t>(
+            CrossKeyingFor(site.session, FindCrossKeyCuts(site.session, keys)).CountPhantoms(cuts));
+    };
+    const auto change = phantoms(CrossSite::Keys({"A1", "B1", "D2", "D3", "D5", "D7"})) -
+                        phantoms(CrossSite::Keys({"A1", "B1", "D2", "D3", "D5", "D6"}));
+    auto* keys = Find<TextList>(form, "lstKeyIDs");
+    const int row = keys->Count() - 1;
+    const QString aside =
+        change < 0 ? QString::fromUtf8("\u2212%1").arg(-change) : QString("+%1").arg(change);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return keys->AsideOf(row) == aside; }))
+        << keys->AsideOf(row).toStdString() << " is not " << aside.toStdString();
+    EXPECT_EQ(keys->AsideOf(row - 1), "+0") << "held already";
+}
+
+TEST_F(FrmCrossKeyed, TellsAtOnceWhatStoredKeysMeanNoLonger) {
+    SaveCrossKeys(site.session, site.Door("North"), {}, CrossSite::Keys({"GONE", "B1"}));
+    auto row = FindCrossKeys(site.session, site.Door("North").DoorID);
+    row->KeyID3 = "A1";
+    Recordset<CrossKeyedRow>::Update(site.session.Keys(), *row);
+    Open();
+    EXPECT_EQ(Text("lblRemark_1"), "no key has this Key ID");
+    EXPECT_EQ(Text("lblRemark_2"), "");
+    EXPECT_EQ(Text("lblRemark_3"), "means 2 keys; A10 is pinned");
+    Type(form, "txtKeyID_2", "A");
+    EXPECT_EQ(Text("lblRemark_1"), "no key has this Key ID") << "that of another box stays";
+    Type(form, "txtKeyID_2", "B1");
+    Click(form, "cmdPinning");
+    EXPECT_NE(Text("lblBottomPins"), "");
+    Find<QLineEdit>(form, "txtKeyID_3")->setFocus();
+    Find<QLineEdit>(form, "txtKeyID_4")->setFocus();
+    EXPECT_EQ(Text("lblRemark_3"), "") << "the Key ID is whole now";
+    EXPECT_EQ(Text("lblBottomPins"), "") << "the pins were those of another key";
+}
+
 TEST_F(FrmCrossKeyed, ShowsNoCutsToWhomMayNotReadThem) {
     site.session.SessionPermissions.ReadPrintPinning = false;
     Open();
