@@ -3,7 +3,7 @@
 
 packages=(g++ cmake ninja-build qt6-base-dev libsoci-dev libboost-dev libsqlite3-dev
           mdbtools-dev libglib2.0-dev libgtest-dev libbenchmark-dev fonts-dejavu-core
-          qt6-image-formats-plugins)
+          fonts-liberation2 qt6-image-formats-plugins poppler-utils)
 
 missing_packages() {
     local package

@@ -1,5 +1,7 @@
 #include "print/Printer.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>

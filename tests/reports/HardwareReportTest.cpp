@@ -1,0 +1,39 @@
+#include "reports/HardwareReport.h"
+#include "reports/ReportSite.h"
+
+namespace quorrel::test {
+namespace {
+
+QString Hardware(ReportSite& site, const QStringList& chosen) {
+    return site.Printed(
+        [&](Printer& printer) { PrintHardware(site.session, printer, site.head, chosen); });
+}
+
+TEST(HardwareReport, ListsTheDoorsOfEachHardwareByTheirLabels) {
+    ReportSite site;
+    site.AddDoor("Room 2", "Class room\r\nwith a second line", "Floor 1", "Mortice lock");
+    site.AddDoor("Room 1", QString::fromUtf8("Caf\u00E9 \U0001F511 room"), "", "Mortice lock");
+    site.AddDoor("Door with a very long label", "Hall", "Ground floor", "Mortice lock");
+    site.AddDoor("Gate", "Outside", "Street", "Padlock");
+    site.AddDoor("Shed", "", "", "Padlock 40");
+    EXPECT_EQ(ListReportHardware(site.session),
+              QStringList({"Mortice lock", "Padlock", "Padlock 40"}));
+    EXPECT_EQ(CountDoorsWith(site.session, "Mortice lock"), 3);
+    ExpectGolden("hardware", Hardware(site, {"Mortice lock", "Padlock", "No such"}));
+}
+
+TEST(HardwareReport, BreaksOnlyBetweenDoorsPastItsLimit) {
+    // A heading counts three lines and a door two: past 52 the next one begins a page.
+    for (const auto& [doors, sheets] : {std::pair(25, 1), {26, 2}, {50, 2}, {51, 3}}) {
+        ReportSite site;
+        for (int door = 0; door < doors; ++door)
+            site.AddDoor(QString("D%1").arg(door, 3), "", "", "Lock");
+        const QString text = Hardware(site, {"Lock"});
+        EXPECT_EQ(text.count("=== sheet"), sheets) << doors;
+        EXPECT_EQ(text.count("Lock  continued."), sheets - 1);
+        EXPECT_EQ(text.count("\n              D"), doors) << "each door stands there once";
+    }
+}
+
+} // namespace
+} // namespace quorrel::test
