@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quorrel {
 
@@ -122,6 +123,22 @@ QString PlainText(const PrintedPages& pages) {
                        .arg(picture.height, 0, 'f', 1);
     }
     return all;
+}
+
+void PageCollector::Begin(const QString& title, const SheetLayout& layout) {
+    m_open = {title, layout, {}};
+}
+
+void PageCollector::Take(const PrintedSheet& sheet) {
+    m_open.sheets.push_back(sheet);
+}
+
+void PageCollector::End() {
+    documents.push_back(std::exchange(m_open, {}));
+}
+
+void PageCollector::Drop() {
+    m_open = {};
 }
 
 } // namespace quorrel

@@ -93,10 +93,37 @@ struct PrintedSheet {
     std::vector<PrintedPicture> pictures;
 };
 
+/// A document, sheet by sheet.
 struct PrintedPages {
     QString title;
     SheetLayout layout;
     std::vector<PrintedSheet> sheets;
+};
+
+/// Where sheets go as soon as they are laid out. A document begins, takes its sheets, and then
+/// either ends and counts, or is dropped and leaves nothing.
+class PrintTarget {
+public:
+    virtual ~PrintTarget() = default;
+
+    virtual void Begin(const QString& title, const SheetLayout& layout) = 0;
+    virtual void Take(const PrintedSheet& sheet) = 0;
+    virtual void End() = 0;
+    virtual void Drop() = 0;
+};
+
+/// Keeps the documents that come to their end.
+class PageCollector : public PrintTarget {
+public:
+    std::vector<PrintedPages> documents;
+
+    void Begin(const QString& title, const SheetLayout& layout) override;
+    void Take(const PrintedSheet& sheet) override;
+    void End() override;
+    void Drop() override;
+
+private:
+    PrintedPages m_open;
 };
 
 /// How many columns a text takes: one each of what is read as a character.

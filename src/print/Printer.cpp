@@ -56,10 +56,12 @@ double LargestScale(const PrintedSheet& sheet, const Picture& picture, double wi
 
 } // namespace
 
-Printer::Printer(const QString& title, const SheetLayout& layout, Deliver deliver)
-    : m_deliver(std::move(deliver)) {
-    m_pages.title = title;
-    m_pages.layout = layout;
+Printer::Printer(const QString& title, const SheetLayout& layout, PrintTarget& target)
+    : m_title(title), m_layout(layout), m_target(target) {}
+
+Printer::~Printer() {
+    if (m_sheets > 0)
+        m_target.Drop();
 }
 
 PrintedStyle Printer::Style() const {
@@ -69,11 +71,19 @@ PrintedStyle Printer::Style() const {
 /// The sheet that is printed on; a new one where there is none.
 PrintedSheet& Printer::Sheet() {
     if (!m_onSheet) {
-        m_pages.sheets.emplace_back();
+        if (m_sheets == 0)
+            m_target.Begin(m_title, m_layout);
+        ++m_sheets;
         m_onSheet = true;
         m_y = 0;
     }
-    return m_pages.sheets.back();
+    return m_sheet;
+}
+
+/// Hands the sheet on: nothing more comes onto it.
+void Printer::EndSheet() {
+    if (std::exchange(m_onSheet, false))
+        m_target.Take(std::exchange(m_sheet, {}));
 }
 
 void Printer::Print(std::initializer_list<PrintItem> items) {
@@ -118,8 +128,8 @@ void Printer::PutLine(const QString& text) {
 void Printer::EndLine() {
     const double tallest = m_tallest > 0 ? m_tallest : FontSize;
     const double height = tallest * kLine;
-    if (m_y > 0 && m_y + height > m_pages.layout.height + kRounding)
-        m_onSheet = false;
+    if (m_y > 0 && m_y + height > m_layout.height + kRounding)
+        EndSheet();
     PrintedSheet& sheet = Sheet();
     m_line.top = m_y;
     m_line.base = m_y + tallest * kAscent;
@@ -135,9 +145,9 @@ void Printer::Squeeze() {
     for (const PrintedText& text : m_line.texts)
         if (!text.style.underline)
             end = std::max(end, EndOfInk(text));
-    if (end <= m_pages.layout.width)
+    if (end <= m_layout.width)
         return;
-    const double squeeze = m_pages.layout.width / end;
+    const double squeeze = m_layout.width / end;
     for (PrintedText& text : m_line.texts) {
         text.x *= squeeze;
         text.width *= squeeze;
@@ -147,29 +157,30 @@ void Printer::Squeeze() {
 void Printer::NewPage() {
     if (!m_line.texts.empty())
         EndLine();
-    m_onSheet = false;
+    EndSheet();
     m_x = 0;
 }
 
 void Printer::EndDoc() {
     NewPage();
-    if (m_pages.sheets.empty())
-        return;
-    m_deliver(m_pages);
-    m_pages.sheets.clear();
+    if (std::exchange(m_sheets, 0) > 0)
+        m_target.End();
 }
 
 void Printer::KillDoc() {
     m_line = {};
-    m_pages.sheets.clear();
-    NewPage();
+    m_sheet = {};
+    m_onSheet = false;
+    m_x = m_tallest = 0;
+    if (std::exchange(m_sheets, 0) > 0)
+        m_target.Drop();
 }
 
 void Printer::PaintPicture(const Picture& picture) {
     if (picture.width <= 0 || picture.height <= 0)
         return;
     PrintedSheet& sheet = Sheet();
-    const double scale = LargestScale(sheet, picture, m_pages.layout.width, m_y);
+    const double scale = LargestScale(sheet, picture, m_layout.width, m_y);
     if (scale > 0)
         sheet.pictures.push_back(
             {picture.path, 0, 0, picture.width * scale, picture.height * scale});

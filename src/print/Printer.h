@@ -2,7 +2,6 @@
 
 #include "print/PrintedPages.h"
 
-#include <functional>
 #include <initializer_list>
 
 namespace quorrel {
@@ -27,16 +26,17 @@ inline PrintItem NextZone() {
 }
 
 /// The printer as reports see it: a place that moves down the sheet as lines are printed. What is
-/// printed is laid out and handed on document by document.
+/// printed is laid out and handed on sheet by sheet.
 ///
 /// Zones are 14 columns of the present size wide, counted from the left edge. A text of several
 /// lines goes on at the left edge. Where a line does not fit on the sheet, the next one begins.
 class Printer {
 public:
-    /// `deliver` gets each document that has come to its end.
-    using Deliver = std::function<void(const PrintedPages&)>;
-
-    Printer(const QString& title, const SheetLayout& layout, Deliver deliver);
+    Printer(const QString& title, const SheetLayout& layout, PrintTarget& target);
+    /// Drops what was not ended.
+    ~Printer();
+    Printer(const Printer&) = delete;
+    Printer& operator=(const Printer&) = delete;
 
     // How what follows is printed.
     int FontSize = 10; ///< points
@@ -53,7 +53,7 @@ public:
     /// What is printed next begins a new sheet. One on which nothing is printed does not come.
     void NewPage();
 
-    /// Hands on what was printed, unless that is nothing. The next document begins.
+    /// Ends the document, unless nothing was printed. The next one begins.
     void EndDoc();
     /// Drops what was printed since the last document.
     void KillDoc();
@@ -67,18 +67,22 @@ public:
                       double height = 0);
 
     /// Sheets that the present document has by now.
-    int Sheets() const { return static_cast<int>(m_pages.sheets.size()); }
+    int Sheets() const { return m_sheets; }
 
 private:
     PrintedStyle Style() const;
     PrintedSheet& Sheet();
+    void EndSheet();
     void EndLine();
     void Squeeze();
     void Put(const QString& text);
     void PutLine(const QString& text);
 
-    Deliver m_deliver;
-    PrintedPages m_pages;
+    const QString m_title;
+    const SheetLayout m_layout;
+    PrintTarget& m_target;
+    int m_sheets = 0;     ///< of the document; it has begun with the first
+    PrintedSheet m_sheet; ///< that is printed on
     bool m_onSheet = false;
     double m_x = 0;       ///< where the next text goes
     double m_y = 0;       ///< upper edge of the line

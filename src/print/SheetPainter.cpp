@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QImageReader>
-#include <QPainter>
 #include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -73,11 +75,27 @@ void DrawText(QPainter& painter, const PrintedText& text, double base, double ed
     painter.drawLine(QPointF(text.x, below), QPointF(std::min(text.x + text.width, edge), below));
 }
 
-[[noreturn]] void Fail(const QString& path) {
+[[noreturn]] void FailToWrite(const QString& path) {
     throw std::runtime_error(
         QCoreApplication::translate("SheetPainter", "The file %1 cannot be written.")
             .arg(QDir::toNativeSeparators(path))
             .toStdString());
+}
+
+void RequireTaken(bool taken) {
+    if (!taken)
+        throw std::runtime_error(
+            QCoreApplication::translate("SheetPainter", "The page cannot be printed there.")
+                .toStdString());
+}
+
+/// The path of a document by its number from 1, which stands behind the name from 2 on.
+QString NumberedPath(const QString& path, qsizetype number) {
+    if (number == 1)
+        return path;
+    const QFileInfo file(path);
+    return file.dir().filePath(
+        QStringLiteral("%1 %2.%3").arg(file.completeBaseName()).arg(number).arg(file.suffix()));
 }
 
 } // namespace
@@ -116,53 +134,109 @@ void SetUpPaper(QPagedPaintDevice& device, const SheetLayout& layout) {
         QMarginsF(kPrintMargin, kPrintMargin, kPrintMargin, kPrintMargin), QPageLayout::Point));
 }
 
-bool PaintPages(QPagedPaintDevice& device, const PrintedPages& pages,
-                const std::function<bool(int)>& goesOn) {
-    QPainter painter;
-    const auto require = [](bool taken) {
-        if (!taken)
-            throw std::runtime_error(
-                QCoreApplication::translate("SheetPainter", "The page cannot be printed there.")
-                    .toStdString());
-    };
-    require(painter.begin(&device));
-    const double unit = device.logicalDpiX() / kPointsPerInch * pages.layout.factor;
-    SheetPainter sheets;
-    int drawn = 0;
-    for (const PrintedSheet& sheet : pages.sheets) {
-        if (goesOn && !goesOn(drawn))
-            return false;
-        require(drawn == 0 || device.newPage());
-        painter.resetTransform();
-        painter.scale(unit, unit);
-        sheets.Paint(painter, sheet, pages.layout);
-        ++drawn;
-    }
-    require(painter.end());
-    return true;
+SheetPress::SheetPress(QPagedPaintDevice& device, const SheetLayout& layout)
+    : m_device(device), m_layout(layout) {
+    RequireTaken(m_painter.begin(&device));
 }
 
-bool WritePagesToPdf(const QString& path, const PrintedPages& pages,
-                     const std::function<bool(int)>& goesOn) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        Fail(path);
-    bool whole = false;
-    {
-        QPdfWriter writer(&file);
-        writer.setResolution(kPdfDots);
-        SetUpPaper(writer, pages.layout);
-        writer.setTitle(pages.title);
-        writer.setCreator(QCoreApplication::applicationName());
-        whole = PaintPages(writer, pages, goesOn);
+void SheetPress::Take(const PrintedSheet& sheet) {
+    RequireTaken(m_drawn == 0 || m_device.newPage());
+    const double unit = m_device.logicalDpiX() / kPointsPerInch * m_layout.factor;
+    m_painter.resetTransform();
+    m_painter.scale(unit, unit);
+    m_sheets.Paint(m_painter, sheet, m_layout);
+    ++m_drawn;
+}
+
+void SheetPress::End() {
+    RequireTaken(m_painter.end());
+}
+
+struct PdfFiles::Document {
+    explicit Document(const QString& path) : file(path) {
+        if (!file.open(QIODevice::WriteOnly))
+            FailToWrite(path);
     }
-    if (!whole) {
-        file.cancelWriting();
-        return false;
-    }
-    if (!file.commit())
-        Fail(path);
-    return true;
+
+    QSaveFile file;
+    std::unique_ptr<QPdfWriter> writer;
+    std::unique_ptr<SheetPress> press;
+};
+
+PdfFiles::PdfFiles(const QString& path) : m_path(path) {}
+
+PdfFiles::~PdfFiles() = default;
+
+void PdfFiles::Begin(const QString& title, const SheetLayout& layout) {
+    m_open = std::make_unique<Document>(NumberedPath(m_path, m_written.size() + 1));
+    m_open->writer = std::make_unique<QPdfWriter>(&m_open->file);
+    m_open->writer->setResolution(kPdfDots);
+    SetUpPaper(*m_open->writer, layout);
+    m_open->writer->setTitle(title);
+    m_open->writer->setCreator(QCoreApplication::applicationName());
+    m_open->press = std::make_unique<SheetPress>(*m_open->writer, layout);
+}
+
+void PdfFiles::Take(const PrintedSheet& sheet) {
+    m_open->press->Take(sheet);
+    if (m_open->file.error() != QFileDevice::NoError)
+        FailToWrite(m_open->file.fileName());
+}
+
+void PdfFiles::End() {
+    const std::unique_ptr<Document> done = std::move(m_open);
+    done->press->End();
+    done->press.reset();
+    done->writer.reset();
+    if (!done->file.commit())
+        FailToWrite(done->file.fileName());
+    m_written.push_back(done->file.fileName());
+}
+
+void PdfFiles::Drop() {
+    if (m_open)
+        m_open->file.cancelWriting();
+    m_open.reset();
+}
+
+struct PaperPrints::Document {
+    QPrinter printer{QPrinter::HighResolution};
+    std::unique_ptr<SheetPress> press;
+};
+
+PaperPrints::PaperPrints(const QString& printer) : m_printer(printer) {}
+
+PaperPrints::~PaperPrints() = default;
+
+void PaperPrints::Begin(const QString& title, const SheetLayout& layout) {
+    auto document = std::make_unique<Document>();
+    QPrinter& printer = document->printer;
+    if (!m_printer.isEmpty())
+        printer.setPrinterName(m_printer);
+    // Without a printer of that name this one would write a file of its own choice.
+    RequireTaken(printer.isValid() && printer.outputFormat() == QPrinter::NativeFormat &&
+                 !QPrinterInfo::printerInfo(printer.printerName()).isNull());
+    SetUpPaper(printer, layout);
+    printer.setDocName(title);
+    printer.setCreator(QCoreApplication::applicationName());
+    document->press = std::make_unique<SheetPress>(printer, layout);
+    m_open = std::move(document);
+}
+
+void PaperPrints::Take(const PrintedSheet& sheet) {
+    m_open->press->Take(sheet);
+}
+
+void PaperPrints::End() {
+    const std::unique_ptr<Document> done = std::move(m_open);
+    done->press->End();
+    RequireTaken(done->printer.printerState() != QPrinter::Error);
+}
+
+void PaperPrints::Drop() {
+    if (m_open)
+        m_open->printer.abort();
+    m_open.reset();
 }
 
 } // namespace quorrel

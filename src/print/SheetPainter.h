@@ -4,11 +4,12 @@
 
 #include <QHash>
 #include <QImage>
+#include <QPainter>
+#include <QStringList>
 
-#include <functional>
+#include <memory>
 
 class QPagedPaintDevice;
-class QPainter;
 
 namespace quorrel {
 
@@ -28,18 +29,68 @@ private:
 /// file is missing or no picture.
 Picture PictureFrom(const QString& path);
 
-/// Draws sheet by sheet on a device, which is set up for the paper. `goesOn`, asked before each
-/// sheet with how many are drawn, may end it. Throws `std::runtime_error` when the device takes no
-/// page. False when it was ended.
-bool PaintPages(QPagedPaintDevice& device, const PrintedPages& pages,
-                const std::function<bool(int)>& goesOn = {});
-
 /// Sets the paper and the margins of a device for what was laid out.
 void SetUpPaper(QPagedPaintDevice& device, const SheetLayout& layout);
 
-/// Writes what was laid out into a PDF file, whole or not at all. Throws `std::runtime_error` when
-/// that cannot be done. False when `goesOn` has ended it.
-bool WritePagesToPdf(const QString& path, const PrintedPages& pages,
-                     const std::function<bool(int)>& goesOn = {});
+/// Draws the sheets of a document on a device as they come. What cannot be done throws
+/// `std::runtime_error`.
+class SheetPress {
+public:
+    SheetPress(QPagedPaintDevice& device, const SheetLayout& layout);
+
+    void Take(const PrintedSheet& sheet);
+    void End();
+
+private:
+    QPagedPaintDevice& m_device;
+    const SheetLayout m_layout;
+    QPainter m_painter;
+    SheetPainter m_sheets;
+    int m_drawn = 0;
+};
+
+/// Writes each document into a PDF file of its own, whole or not at all. What cannot be written
+/// throws `std::runtime_error`.
+class PdfFiles : public PrintTarget {
+public:
+    /// The first document goes to `path`, the next ones have " 2" and so on behind its name.
+    explicit PdfFiles(const QString& path);
+    ~PdfFiles() override;
+
+    void Begin(const QString& title, const SheetLayout& layout) override;
+    void Take(const PrintedSheet& sheet) override;
+    void End() override;
+    void Drop() override;
+
+    /// The files that stand whole.
+    const QStringList& Written() const { return m_written; }
+
+private:
+    struct Document;
+
+    QString m_path;
+    QStringList m_written;
+    std::unique_ptr<Document> m_open;
+};
+
+/// Prints on paper, document by document. A printer that is not there or takes nothing throws
+/// `std::runtime_error`.
+class PaperPrints : public PrintTarget {
+public:
+    /// `printer` is its name; empty for the one that is usual on this machine.
+    explicit PaperPrints(const QString& printer);
+    ~PaperPrints() override;
+
+    void Begin(const QString& title, const SheetLayout& layout) override;
+    void Take(const PrintedSheet& sheet) override;
+    void End() override;
+    void Drop() override;
+
+private:
+    struct Document;
+
+    QString m_printer;
+    std::unique_ptr<Document> m_open;
+};
 
 } // namespace quorrel

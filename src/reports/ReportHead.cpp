@@ -5,6 +5,7 @@ namespace quorrel {
 namespace {
 
 constexpr int kTitleSize = 15;
+constexpr int kReportTitleSize = 11;
 
 } // namespace
 
@@ -22,6 +23,17 @@ void PrintProgramTitle(Printer& printer, const ReportHead& head) {
     printer.Print();
     printer.Print();
     printer.Print({Zone(2), "       ", head.ProgramTitle});
+}
+
+void PrintTitleBlock(Printer& printer, const ReportHead& head, const QString& title) {
+    PrintProgramTitle(printer, head);
+    printer.FontSize = kReportTitleSize;
+    printer.Print({Zone(3), title});
+    printer.Print({Zone(3), ReportDate(head.date)});
+    printer.FontSize = 10;
+    printer.FontBold = false;
+    printer.Print({Zone(3), " ", Rule(76)});
+    printer.PaintPicture(head.logo);
 }
 
 } // namespace quorrel

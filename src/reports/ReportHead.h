@@ -24,4 +24,8 @@ QString Rule(int columns);
 /// size and bold type on.
 void PrintProgramTitle(Printer& printer, const ReportHead& head);
 
+/// The block that begins each page of most reports: the program's title, the report's own, the
+/// date, a rule of 76 underscores, and the logo. Leaves plain type of 10 points on.
+void PrintTitleBlock(Printer& printer, const ReportHead& head, const QString& title);
+
 } // namespace quorrel

@@ -8,17 +8,15 @@ namespace quorrel::test {
 namespace {
 
 /// A printer that keeps what is handed on.
-struct Kept {
+struct Kept : PageCollector {
     explicit Kept(const Paper& paper = kA4, const SheetNeeds& needs = {})
-        : printer("Test", LayOutSheets(paper, needs),
-                  [this](const PrintedPages& pages) { documents.push_back(pages); }) {}
+        : printer("Test", LayOutSheets(paper, needs), *this) {}
 
     QString Text() {
         printer.EndDoc();
         return documents.empty() ? QString() : PlainText(documents.back());
     }
 
-    std::vector<PrintedPages> documents;
     Printer printer;
 };
 

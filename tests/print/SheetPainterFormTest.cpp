@@ -13,12 +13,11 @@ namespace {
 
 /// What a report prints, on A4.
 PrintedPages Print(const std::function<void(Printer&)>& report, const SheetNeeds& needs = {}) {
-    PrintedPages printed;
-    Printer printer("Keys of the harbour", LayOutSheets(kA4, needs),
-                    [&](const PrintedPages& pages) { printed = pages; });
+    PageCollector kept;
+    Printer printer("Keys of the harbour", LayOutSheets(kA4, needs), kept);
     report(printer);
     printer.EndDoc();
-    return printed;
+    return kept.documents.at(0);
 }
 
 /// The first sheet as it is drawn, four dots a point.
@@ -72,25 +71,42 @@ TEST(SheetPainter, RulesUnderlinedBlanksToTheRightEdgeButNotTheGapOfAZone) {
     EXPECT_GT(InkOf(image, zone, pages.layout.width).second, pages.layout.width - 1);
 }
 
-TEST(SheetPainter, WritesAPdfWhoseTextCanBeReadWholeOrNoneAtAll) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("keys.pdf");
-    const auto pages = Print([](Printer& printer) {
-        printer.Print({"Key A1", NextZone(), "Boiler room"});
-        printer.NewPage();
-        printer.Print({"second sheet"});
-    });
-    EXPECT_TRUE(WritePagesToPdf(path, pages));
+QString TextOfPdf(const QString& path) {
     QProcess reader;
     reader.start("pdftotext", {"-layout", path, "-"});
-    ASSERT_TRUE(reader.waitForFinished());
-    const QString text = QString::fromUtf8(reader.readAllStandardOutput()).simplified();
-    EXPECT_EQ(text, "Key A1 Boiler room second sheet");
-    EXPECT_FALSE(
-        WritePagesToPdf(folder.filePath("half.pdf"), pages, [](int drawn) { return drawn < 1; }));
-    EXPECT_FALSE(QFile::exists(folder.filePath("half.pdf")));
-    EXPECT_THROW(WritePagesToPdf(folder.filePath("none/keys.pdf"), pages), std::runtime_error);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"keys.pdf"});
+    EXPECT_TRUE(reader.waitForFinished());
+    return QString::fromUtf8(reader.readAllStandardOutput()).simplified();
+}
+
+TEST(SheetPainter, WritesPdfFilesWhoseTextCanBeReadWholeOrNoneAtAll) {
+    const QTemporaryDir folder;
+    PdfFiles files(folder.filePath("keys.pdf"));
+    Printer printer("Keys of the harbour", LayOutSheets(kA4, {}), files);
+    printer.Print({"Key A1", NextZone(), "Boiler room"});
+    printer.NewPage();
+    printer.Print({"second sheet"});
+    printer.EndDoc();
+    printer.Print({"dropped"});
+    printer.NewPage();
+    printer.KillDoc();
+    printer.Print({"second file"});
+    printer.EndDoc();
+    EXPECT_EQ(files.Written(),
+              QStringList({folder.filePath("keys.pdf"), folder.filePath("keys 2.pdf")}));
+    EXPECT_EQ(TextOfPdf(files.Written()[0]), "Key A1 Boiler room second sheet");
+    EXPECT_EQ(TextOfPdf(files.Written()[1]), "second file");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 2);
+
+    PdfFiles nowhere(folder.filePath("none/keys.pdf"));
+    Printer failing("Keys", LayOutSheets(kA4, {}), nowhere);
+    failing.Print({"a key"});
+    EXPECT_THROW(failing.EndDoc(), std::runtime_error);
+    EXPECT_TRUE(nowhere.Written().isEmpty());
+
+    PaperPrints vanished(QStringLiteral("no such printer"));
+    Printer paper("Keys", LayOutSheets(kA4, {}), vanished);
+    paper.Print({"a key"});
+    EXPECT_THROW(paper.EndDoc(), std::runtime_error);
 }
 
 TEST(SheetPainter, TakesALogoOfAnySizeAndNothingForWhatIsNoPicture) {

@@ -28,11 +28,14 @@ public:
     }
 
     /// The sheets that a report prints, as one text.
-    QString Printed(const std::function<void(Printer&)>& report, const Paper& paper = kA4) {
-        QString text;
-        Printer printer("Report", LayOutSheets(paper, {}),
-                        [&](const PrintedPages& pages) { text += PlainText(pages); });
+    QString Printed(const std::function<void(Printer&)>& report, const Paper& paper = kA4,
+                    const SheetNeeds& needs = {}) {
+        PageCollector kept;
+        Printer printer("Report", LayOutSheets(paper, needs), kept);
         report(printer);
+        QString text;
+        for (const PrintedPages& pages : kept.documents)
+            text += PlainText(pages);
         return text;
     }
 
