@@ -14,6 +14,10 @@
 #include "pinning/frmManufacturer.h"
 #include "pinning/frmPinningChart.h"
 #include "platform/Files.h"
+#include "reports/SelectionReport.h"
+#include "reports/SystemPrints.h"
+#include "reports/frmPrinter.h"
+#include "reports/frmSelection.h"
 #include "search/frmFindKey.h"
 #include "start/Startup.h"
 #include "start/frmAbout.h"
@@ -55,7 +59,7 @@ Program::~Program() {
 /// The forms that the main form leads to by their names.
 std::map<QString, Program::Opener> Program::FormsOfMain() {
     const auto name = [](const char* form) { return QString::fromLatin1(form); };
-    return {
+    std::map<QString, Opener> forms = {
         {name("frmAbout"),
          [this](auto& asking, auto&) { Open<frmAbout>(asking, SystemInformationTool()); }},
         {name("frmCompanyInfo"),
@@ -90,7 +94,12 @@ std::map<QString, Program::Opener> Program::FormsOfMain() {
         {name("frmManufacturer"),
          [this](auto& asking, auto& brand) { Open<frmManufacturer>(asking, brand); }},
         {name("frmNetwork"), [this](auto& asking, auto&) { ShowNetwork(&asking); }},
-        {name("frmPermissions"), [this](auto& asking, auto&) { Open<frmPermissions>(asking); }}};
+        {name("frmPermissions"), [this](auto& asking, auto&) { Open<frmPermissions>(asking); }},
+        {name("frmPrinter"), [this](auto& asking, auto&) { Open<frmPrinter>(asking); }}};
+    for (const SelectionReport& report : SelectionReports())
+        forms.emplace(report.form,
+                      [this, &report](auto& asking, auto&) { Open<frmSelection>(asking, report); });
+    return forms;
 }
 
 void Program::Guarded(const std::function<void()>& action) {
@@ -261,6 +270,9 @@ void Program::WatchMain(frmMain& main) {
     for (const auto& opener : m_openers)
         names.insert(opener.first);
     main.OfferForms(names);
+    main.OfferReports([this](MainReport report, bool preview) {
+        return PrintMainReport(m_session, m_main, report, preview);
+    });
     When(&main, &frmMain::FormWanted, [this](const QString& form, const QString& subject) {
         m_openers.at(form)(*m_main, subject);
     });

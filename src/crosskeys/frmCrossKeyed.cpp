@@ -2,15 +2,13 @@
 
 #include "doors/DoorAssignment.h"
 #include "doors/DoorRecords.h"
-#include "platform/Files.h"
 #include "platform/Text.h"
+#include "print/PrintRun.h"
 #include "store/Conflict.h"
 #include "store/SystemTables.h"
 #include "ui_frmCrossKeyed.h"
 #include "widgets/FormImage.h"
 #include "widgets/HelpContexts.h"
-
-#include <QDir>
 
 #include <algorithm>
 
@@ -373,14 +371,10 @@ void frmCrossKeyed::Save() {
 void frmCrossKeyed::Print() {
     if (!m_session.SessionPermissions.RunReports)
         return;
-    const QString path = m_session.boxes.SaveFile(
-        tr("Print the Cross-Key Page"), QStringLiteral("PDF Files (*.pdf)|*.pdf"),
-        FileNameFrom(tr("Cross-Keys %1.pdf").arg(m_door.DoorLabel)));
-    if (path.isEmpty())
-        return;
-    const BusyPointer busy;
-    PrintFormImage(*this, path, windowTitle());
-    Tell(tr("The page is in the file %1").arg(QDir::toNativeSeparators(path)));
+    const PaintedJob job{tr("Cross-Keys %1").arg(m_door.DoorLabel.trimmed()),
+                         QPageLayout::Landscape,
+                         [this](QPagedPaintDevice& device) { PaintFormImage(device, *this); }};
+    Tell(PrintPainted(m_session, job));
 }
 
 /// Shows what holds: another workstation has changed it.

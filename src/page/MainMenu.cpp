@@ -9,6 +9,9 @@ MainMenu::MainMenu(QWidget* parent) : QMenuBar(parent), ui(std::make_unique<Ui::
     for (const FormEntry& entry : FormEntries({}))
         connect(entry.action, &QAction::triggered, this,
                 [this, form = QString::fromLatin1(entry.form)] { emit FormWanted(form); });
+    for (const PrintEntry& entry : PrintEntries())
+        connect(entry.action, &QAction::triggered, this,
+                [this, entry] { emit ReportWanted(entry.report, entry.preview); });
     connect(ui->mnuFind->menuAction(), &QAction::triggered, ui->mnuCurrent, &QAction::trigger);
     connect(ui->mnuHelpContents, &QAction::triggered, this, &MainMenu::ContentsWanted);
     connect(ui->mnuHelpIndex, &QAction::triggered, this, &MainMenu::IndexWanted);
@@ -30,6 +33,7 @@ std::vector<MainMenu::FormEntry> MainMenu::FormEntries(const Permissions& may) c
             {ui->mnuPrintKeyChart, "frmPrintKeyPages", true},
             {ui->mnuPrintChart, "frmPrintPinning", may.ReadPrintPinning},
             {ui->mnuUnKeyed, "frmUKDoorsList", true},
+            {ui->mnuFilePrinter, "frmPrinter", true},
             {ui->mnuFileExit, "frmExit", true},
             {ui->mnuCompanyInfo, "frmCompanyInfo", may.CreateSystem},
             {ui->mnuEditDepartment, "frmDepartments", true},
@@ -46,6 +50,14 @@ std::vector<MainMenu::FormEntry> MainMenu::FormEntries(const Permissions& may) c
             {ui->mnuHelpAbout, "frmAbout", true}};
 }
 
+std::vector<MainMenu::PrintEntry> MainMenu::PrintEntries() const {
+    return {{ui->mnuPrintAll, MainReport::System, false},
+            {ui->mnuPrintKeys, MainReport::Keys, false},
+            {ui->mnuPreviewAll, MainReport::System, true},
+            {ui->mnuPreviewPage, MainReport::Page, true},
+            {ui->mnuPreviewKeys, MainReport::Keys, true}};
+}
+
 void MainMenu::Offer(const Permissions& may, const QSet<QString>& offered) {
     ui->mnuUsers->menuAction()->setEnabled(may.AddEditProgramUsers);
     ui->mnuFilePrint->menuAction()->setEnabled(may.RunReports);
@@ -54,10 +66,8 @@ void MainMenu::Offer(const Permissions& may, const QSet<QString>& offered) {
         entry.action->setEnabled(there && entry.allowed);
         entry.action->setToolTip(there ? QString() : NotYet());
     }
-    for (QAction* entry : {ui->mnuPrintAll, ui->mnuPrintKeys, ui->mnuFilePrinter}) {
-        entry->setEnabled(false);
-        entry->setToolTip(NotYet());
-    }
+    for (const PrintEntry& entry : PrintEntries())
+        entry.action->setEnabled(may.RunReports && may.ReadPrintPinning);
 }
 
 } // namespace quorrel

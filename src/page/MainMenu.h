@@ -16,6 +16,9 @@ class MainMenu;
 
 namespace quorrel {
 
+/// What is printed of the system as a whole, or of the page on the screen.
+enum class MainReport { System, Page, Keys };
+
 /// The menu of the main form. Its entries ask for the forms that they lead to.
 class MainMenu : public QMenuBar {
     Q_OBJECT
@@ -32,6 +35,8 @@ public:
 
 signals:
     void FormWanted(const QString& form);
+    /// A report is to be printed, or shown as it will be.
+    void ReportWanted(MainReport report, bool preview);
     void ContentsWanted();
     void IndexWanted();
 
@@ -43,7 +48,15 @@ private:
         bool allowed;
     };
 
+    /// An entry that prints or shows a report.
+    struct PrintEntry {
+        QAction* action;
+        MainReport report;
+        bool preview;
+    };
+
     std::vector<FormEntry> FormEntries(const Permissions& may) const;
+    std::vector<PrintEntry> PrintEntries() const;
 
     std::unique_ptr<Ui::MainMenu> ui;
 };

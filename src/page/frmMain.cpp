@@ -62,6 +62,8 @@ frmMain::~frmMain() {
 
 void frmMain::WatchMenu() {
     On(ui->menubar, &MainMenu::FormWanted, [this](const QString& form) { AskForEntry(form); });
+    On(ui->menubar, &MainMenu::ReportWanted,
+       [this](MainReport report, bool preview) { PrintReport(report, preview); });
     On(ui->menubar, &MainMenu::ContentsWanted, [this] {
         if (SavePending(kLabelToLeavePage))
             emit Events().HelpWanted(help::kContents);
@@ -121,6 +123,7 @@ void frmMain::WatchLists() {
 void frmMain::WatchButtons() {
     On(ui->cmdLegend, &QPushButton::clicked, [this] { ui->scrLevels->ToggleLegend(); });
     On(ui->cmdPinning, &QPushButton::clicked, [this] { ShowPinning(); });
+    On(ui->cmdPrintPage, &QPushButton::clicked, [this] { PrintReport(MainReport::Page, false); });
     On(ui->cmdHelp, &QPushButton::clicked, [this] { emit Events().HelpWanted(help::kMainPage); });
     On(ui->cmdExit, &QPushButton::clicked, [this] { AskForEntry(QStringLiteral("frmExit")); });
 }
@@ -161,9 +164,9 @@ void frmMain::OfferForms(const QSet<QString>& names) {
 /// Dims what the user has no right to, and what leads nowhere.
 void frmMain::ApplyPermissions() {
     ui->menubar->Offer(m_session.SessionPermissions, m_offered);
-    ui->cmdPinning->setEnabled(m_session.SessionPermissions.ReadPrintPinning);
-    ui->cmdPrintPage->setEnabled(false);
-    ui->cmdPrintPage->setToolTip(MainMenu::NotYet());
+    const Permissions& may = m_session.SessionPermissions;
+    ui->cmdPinning->setEnabled(may.ReadPrintPinning);
+    ui->cmdPrintPage->setEnabled(may.ReadPrintPinning && may.RunReports);
 }
 
 void frmMain::Activated() {
@@ -332,6 +335,13 @@ PinningRequest frmMain::SelectedKey() const {
     if (system.SystemIsIC)
         request.control = system.SpecialCuts;
     return request;
+}
+
+void frmMain::PrintReport(MainReport report, bool preview) {
+    if (!SavePending(kLabelToLeavePage))
+        return;
+    if (const QString told = m_print(report, preview); !told.isEmpty())
+        ui->pnlStatus->Tell(told);
 }
 
 // The page and its selected cell.

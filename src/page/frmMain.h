@@ -2,6 +2,7 @@
 
 #include "page/KeyRecord.h"
 #include "page/KeySelection.h"
+#include "page/MainMenu.h"
 #include "page/PageView.h"
 #include "pinning/PinningChart.h"
 #include "widgets/Form.h"
@@ -37,6 +38,10 @@ public:
 
     /// Names the forms that can be asked for. What leads to another one is dimmed.
     void OfferForms(const QSet<QString>& names);
+
+    /// What prints a report, or shows it as it will be printed; says where to look for it.
+    using ReportPrinter = std::function<QString(MainReport report, bool preview)>;
+    void OfferReports(const ReportPrinter& print) { m_print = print; }
 
 protected:
     void Activated() override;
@@ -82,6 +87,7 @@ private:
     void LeaveSystem(const QString& formName);
     bool MayLeaveFor(const char* formName);
     void ShowPinning();
+    void PrintReport(MainReport report, bool preview);
 
     // The page and its selected cell.
     void BringUp(int page, int cell);
@@ -98,7 +104,8 @@ private:
     PageView m_page;
     KeyRecord m_record;
     int m_selectedCell = 0;
-    QSet<QString> m_offered;    ///< names of the forms that can be asked for
+    QSet<QString> m_offered; ///< names of the forms that can be asked for
+    ReportPrinter m_print;
     QList<int> m_compactWidths; ///< of the splitter, while the large layout has widened the page
     QTimer m_timer1{this};      ///< counts idle time
 };

@@ -1,14 +1,12 @@
 #include "pinning/ChartPage.h"
 
 #include "pinning/CylinderPainter.h"
-#include "widgets/FormImage.h"
+#include "print/SheetPainter.h"
 
 #include <QCoreApplication>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QTextOption>
-
-#include <stdexcept>
 
 namespace quorrel {
 
@@ -175,16 +173,10 @@ void PrintChartPage(QPagedPaintDevice& device, const PinningChart& chart, const 
                     const QDate& date) {
     QPainter painter;
     if (!painter.begin(&device))
-        throw std::runtime_error(tr("The page cannot be printed there.").toStdString());
+        throw NoPageTaken();
     const double points = device.logicalDpiX() / kPointsPerInch;
     painter.scale(points, points);
     PaintChartPage(painter, QSizeF(device.width(), device.height()) / points, chart, title, date);
-}
-
-void PrintChartToFile(const QString& path, const PinningChart& chart, const QString& title,
-                      const QDate& date) {
-    WritePdf(path, title, QPageLayout::Portrait,
-             [&](QPagedPaintDevice& device) { PrintChartPage(device, chart, title, date); });
 }
 
 } // namespace quorrel

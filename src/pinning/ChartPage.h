@@ -16,12 +16,8 @@ void PaintChartPage(QPainter& painter, const QSizeF& size, const PinningChart& c
                     const QString& title, const QDate& date);
 
 /// Prints a pinning chart with its drawing on one page, black on white. Throws
-/// `std::runtime_error` when the device takes no page.
+/// `PrintError` when the device takes no page.
 void PrintChartPage(QPagedPaintDevice& device, const PinningChart& chart, const QString& title,
                     const QDate& date);
-
-/// Prints the page into a PDF file, on the paper that is usual here. Throws as `PrintChartPage`.
-void PrintChartToFile(const QString& path, const PinningChart& chart, const QString& title,
-                      const QDate& date);
 
 } // namespace quorrel

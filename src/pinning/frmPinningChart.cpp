@@ -3,11 +3,10 @@
 #include "engine/SystemDefinition.h"
 #include "pinning/ChartPage.h"
 #include "pinning/CylinderPainter.h"
-#include "platform/Files.h"
+#include "print/Preview.h"
 #include "ui_frmPinningChart.h"
 #include "widgets/HelpContexts.h"
 
-#include <QDir>
 #include <QShortcut>
 #include <QTimer>
 
@@ -49,7 +48,9 @@ frmPinningChart::~frmPinningChart() = default;
 void frmPinningChart::WatchButtons() {
     On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
     On(ui->cmdPrint, &QPushButton::clicked, [this] { Print(); });
-    ui->cmdPrint->setEnabled(m_session.SessionPermissions.RunReports);
+    On(ui->cmdPreview, &QPushButton::clicked, [this] { ShowAsPrinted(); });
+    for (QPushButton* button : {ui->cmdPrint, ui->cmdPreview})
+        button->setEnabled(m_session.SessionPermissions.RunReports);
     On(ui->cmdPrevious, &QPushButton::clicked, [this] { GoTo(Step::Previous); });
     On(ui->cmdNext, &QPushButton::clicked, [this] { GoTo(Step::Next); });
     connect(new QShortcut(Qt::Key_PageUp, this), &QShortcut::activated, ui->cmdPrevious,
@@ -179,14 +180,20 @@ void frmPinningChart::WarnOfControlKey() {
 void frmPinningChart::Print() {
     if (!m_session.SessionPermissions.RunReports)
         return;
-    const QString name = FileNameFrom(QStringLiteral("Pinning %1.pdf").arg(m_chart.request.keyID));
-    const QString path = m_session.boxes.SaveFile(tr("Print the Pinning Chart"),
-                                                  QStringLiteral("PDF Files (*.pdf)|*.pdf"), name);
-    if (path.isEmpty())
+    Tell(PrintPainted(m_session, Page()));
+}
+
+void frmPinningChart::ShowAsPrinted() {
+    if (!m_session.SessionPermissions.RunReports)
         return;
-    const BusyPointer busy;
-    PrintChartToFile(path, m_chart, m_session.ProgramTitle, m_session.clock().date());
-    Tell(tr("The chart is in the file %1").arg(QDir::toNativeSeparators(path)));
+    Tell(ShowPreview(m_session, this, Page()));
+}
+
+PaintedJob frmPinningChart::Page() const {
+    return {tr("Pinning %1").arg(m_chart.request.keyID.trimmed()), QPageLayout::Portrait,
+            [this](QPagedPaintDevice& device) {
+                PrintChartPage(device, m_chart, m_session.ProgramTitle, m_session.clock().date());
+            }};
 }
 
 } // namespace quorrel

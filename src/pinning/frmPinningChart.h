@@ -2,6 +2,7 @@
 
 #include "pinning/NamedKeys.h"
 #include "pinning/PinningChart.h"
+#include "print/PrintRun.h"
 #include "widgets/Form.h"
 
 #include <memory>
@@ -41,6 +42,8 @@ private:
     void WarnOfControlKey();
     QLabel* LabelAt(int line, int column);
     void Print();
+    void ShowAsPrinted();
+    PaintedJob Page() const;
 
     std::unique_ptr<Ui::frmPinningChart> ui;
     PinningChart m_chart;

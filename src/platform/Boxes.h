@@ -16,7 +16,7 @@ struct PrinterChoice {
     QString printer; ///< its name; empty for the usual one
     int copies = 1;
     int firstPage = 1;
-    int lastPage = 0; ///< 0: up to the last
+    int lastPage = 0; ///< 0: up to the last; in a proposal: no pages to choose from
 };
 
 /// A long action under way.

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <stdexcept>
 #include <vector>
 
 /// \file
@@ -91,6 +92,12 @@ struct PrintedLine {
 struct PrintedSheet {
     std::vector<PrintedLine> lines;
     std::vector<PrintedPicture> pictures;
+};
+
+/// Something cannot be put on paper or into a file; says what in plain words.
+class PrintError : public std::runtime_error {
+public:
+    explicit PrintError(const QString& what) : std::runtime_error(what.toStdString()) {}
 };
 
 /// A document, sheet by sheet.

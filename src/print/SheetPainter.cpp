@@ -1,12 +1,13 @@
 #include "print/SheetPainter.h"
 
+#include "print/Printers.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -75,18 +76,9 @@ void DrawText(QPainter& painter, const PrintedText& text, double base, double ed
     painter.drawLine(QPointF(text.x, below), QPointF(std::min(text.x + text.width, edge), below));
 }
 
-[[noreturn]] void FailToWrite(const QString& path) {
-    throw std::runtime_error(
-        QCoreApplication::translate("SheetPainter", "The file %1 cannot be written.")
-            .arg(QDir::toNativeSeparators(path))
-            .toStdString());
-}
-
 void RequireTaken(bool taken) {
     if (!taken)
-        throw std::runtime_error(
-            QCoreApplication::translate("SheetPainter", "The page cannot be printed there.")
-                .toStdString());
+        throw NoPageTaken();
 }
 
 /// The path of a document by its number from 1, which stands behind the name from 2 on.
@@ -134,17 +126,19 @@ void SetUpPaper(QPagedPaintDevice& device, const SheetLayout& layout) {
         QMarginsF(kPrintMargin, kPrintMargin, kPrintMargin, kPrintMargin), QPageLayout::Point));
 }
 
-SheetPress::SheetPress(QPagedPaintDevice& device, const SheetLayout& layout)
-    : m_device(device), m_layout(layout) {
+SheetPress::SheetPress(QPagedPaintDevice& device) : m_device(device) {
     RequireTaken(m_painter.begin(&device));
 }
 
-void SheetPress::Take(const PrintedSheet& sheet) {
+void SheetPress::Take(const PrintedSheet& sheet, const SheetLayout& layout) {
     RequireTaken(m_drawn == 0 || m_device.newPage());
-    const double unit = m_device.logicalDpiX() / kPointsPerInch * m_layout.factor;
+    const QSizeF room = m_device.pageLayout().paintRectPoints().size();
+    const double factor =
+        std::min({layout.factor, room.width() / layout.width, room.height() / layout.height});
+    const double unit = m_device.logicalDpiX() / kPointsPerInch * factor;
     m_painter.resetTransform();
     m_painter.scale(unit, unit);
-    m_sheets.Paint(m_painter, sheet, m_layout);
+    m_sheets.Paint(m_painter, sheet, layout);
     ++m_drawn;
 }
 
@@ -152,13 +146,24 @@ void SheetPress::End() {
     RequireTaken(m_painter.end());
 }
 
+PrintError CannotWrite(const QString& path) {
+    return PrintError(QCoreApplication::translate("SheetPainter", "The file %1 cannot be written.")
+                          .arg(QDir::toNativeSeparators(path)));
+}
+
+PrintError NoPageTaken() {
+    return PrintError(
+        QCoreApplication::translate("SheetPainter", "The page cannot be printed there."));
+}
+
 struct PdfFiles::Document {
-    explicit Document(const QString& path) : file(path) {
+    Document(const QString& path, const SheetLayout& itsLayout) : file(path), layout(itsLayout) {
         if (!file.open(QIODevice::WriteOnly))
-            FailToWrite(path);
+            throw CannotWrite(path);
     }
 
     QSaveFile file;
+    const SheetLayout layout;
     std::unique_ptr<QPdfWriter> writer;
     std::unique_ptr<SheetPress> press;
 };
@@ -168,19 +173,19 @@ PdfFiles::PdfFiles(const QString& path) : m_path(path) {}
 PdfFiles::~PdfFiles() = default;
 
 void PdfFiles::Begin(const QString& title, const SheetLayout& layout) {
-    m_open = std::make_unique<Document>(NumberedPath(m_path, m_written.size() + 1));
+    m_open = std::make_unique<Document>(NumberedPath(m_path, m_written.size() + 1), layout);
     m_open->writer = std::make_unique<QPdfWriter>(&m_open->file);
     m_open->writer->setResolution(kPdfDots);
     SetUpPaper(*m_open->writer, layout);
     m_open->writer->setTitle(title);
     m_open->writer->setCreator(QCoreApplication::applicationName());
-    m_open->press = std::make_unique<SheetPress>(*m_open->writer, layout);
+    m_open->press = std::make_unique<SheetPress>(*m_open->writer);
 }
 
 void PdfFiles::Take(const PrintedSheet& sheet) {
-    m_open->press->Take(sheet);
+    m_open->press->Take(sheet, m_open->layout);
     if (m_open->file.error() != QFileDevice::NoError)
-        FailToWrite(m_open->file.fileName());
+        throw CannotWrite(m_open->file.fileName());
 }
 
 void PdfFiles::End() {
@@ -189,7 +194,7 @@ void PdfFiles::End() {
     done->press.reset();
     done->writer.reset();
     if (!done->file.commit())
-        FailToWrite(done->file.fileName());
+        throw CannotWrite(done->file.fileName());
     m_written.push_back(done->file.fileName());
 }
 
@@ -200,6 +205,9 @@ void PdfFiles::Drop() {
 }
 
 struct PaperPrints::Document {
+    explicit Document(const SheetLayout& itsLayout) : layout(itsLayout) {}
+
+    const SheetLayout layout;
     QPrinter printer{QPrinter::HighResolution};
     std::unique_ptr<SheetPress> press;
 };
@@ -209,22 +217,16 @@ PaperPrints::PaperPrints(const QString& printer) : m_printer(printer) {}
 PaperPrints::~PaperPrints() = default;
 
 void PaperPrints::Begin(const QString& title, const SheetLayout& layout) {
-    auto document = std::make_unique<Document>();
-    QPrinter& printer = document->printer;
-    if (!m_printer.isEmpty())
-        printer.setPrinterName(m_printer);
-    // Without a printer of that name this one would write a file of its own choice.
-    RequireTaken(printer.isValid() && printer.outputFormat() == QPrinter::NativeFormat &&
-                 !QPrinterInfo::printerInfo(printer.printerName()).isNull());
-    SetUpPaper(printer, layout);
-    printer.setDocName(title);
-    printer.setCreator(QCoreApplication::applicationName());
-    document->press = std::make_unique<SheetPress>(printer, layout);
+    auto document = std::make_unique<Document>(layout);
+    SetUpPrinter(document->printer, m_printer);
+    SetUpPaper(document->printer, layout);
+    document->printer.setDocName(title);
+    document->press = std::make_unique<SheetPress>(document->printer);
     m_open = std::move(document);
 }
 
 void PaperPrints::Take(const PrintedSheet& sheet) {
-    m_open->press->Take(sheet);
+    m_open->press->Take(sheet, m_open->layout);
 }
 
 void PaperPrints::End() {

@@ -29,28 +29,32 @@ private:
 /// file is missing or no picture.
 Picture PictureFrom(const QString& path);
 
-/// Sets the paper and the margins of a device for what was laid out.
+/// Sets the paper and the margins of a device for what was laid out. Where its own margins have to
+/// be wider, they stay so.
 void SetUpPaper(QPagedPaintDevice& device, const SheetLayout& layout);
 
-/// Draws the sheets of a document on a device as they come. What cannot be done throws
-/// `std::runtime_error`.
+/// The error for a file that cannot be written, and for a device that takes no page.
+PrintError CannotWrite(const QString& path);
+PrintError NoPageTaken();
+
+/// Draws sheets on a device as they come, smaller than they are laid out where its paper is. What
+/// cannot be done throws `PrintError`.
 class SheetPress {
 public:
-    SheetPress(QPagedPaintDevice& device, const SheetLayout& layout);
+    explicit SheetPress(QPagedPaintDevice& device);
 
-    void Take(const PrintedSheet& sheet);
+    void Take(const PrintedSheet& sheet, const SheetLayout& layout);
     void End();
 
 private:
     QPagedPaintDevice& m_device;
-    const SheetLayout m_layout;
     QPainter m_painter;
     SheetPainter m_sheets;
     int m_drawn = 0;
 };
 
 /// Writes each document into a PDF file of its own, whole or not at all. What cannot be written
-/// throws `std::runtime_error`.
+/// throws `PrintError`.
 class PdfFiles : public PrintTarget {
 public:
     /// The first document goes to `path`, the next ones have " 2" and so on behind its name.
@@ -74,10 +78,10 @@ private:
 };
 
 /// Prints on paper, document by document. A printer that is not there or takes nothing throws
-/// `std::runtime_error`.
+/// `PrintError`.
 class PaperPrints : public PrintTarget {
 public:
-    /// `printer` is its name; empty for the one that is usual on this machine.
+    /// `printer` is its name.
     explicit PaperPrints(const QString& printer);
     ~PaperPrints() override;
 

@@ -131,12 +131,15 @@ private:
 
 } // namespace
 
-QStringList ListReportHardware(Session& session) {
+std::vector<ReportEntry> ListReportHardware(Session& session) {
     QStringList hardware = Recordset<FittedDoor>(session.Keys(), OfSystem<FittedDoor>(session))
                                .Distinct(&DoorsRow::Text1);
     hardware.removeIf([](const QString& text) { return text.isEmpty() || text[0] == u' '; });
     hardware.sort();
-    return hardware;
+    std::vector<ReportEntry> entries;
+    for (const QString& text : hardware)
+        entries.push_back({0, text});
+    return entries;
 }
 
 int CountDoorsWith(Session& session, const QString& hardware) {
@@ -147,11 +150,11 @@ int CountDoorsWith(Session& session, const QString& hardware) {
 }
 
 void PrintHardware(Session& session, Printer& printer, const ReportHead& head,
-                   const QStringList& hardware) {
+                   const std::vector<ReportEntry>& hardware) {
     const std::vector<FittedDoor> doors = DoorsByLabel(session).Rows();
     HardwareCopy copy(printer, head);
-    for (const QString& text : hardware)
-        copy.Print(text, doors);
+    for (const ReportEntry& entry : hardware)
+        copy.Print(entry.text, doors);
     printer.EndDoc();
     printer.FontUnderline = false;
 }

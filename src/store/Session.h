@@ -98,6 +98,8 @@ struct Session {
     DoorInHand door;
     SearchHit hit;
 
+    QString Printer; ///< name of the one that was chosen; empty: the usual one
+
     // Doors and holders.
     bool FindOpensKey = false;    ///< the holders' form comes up for a key that was searched
     double HighDoorNumber = 0;    ///< highest running number of a door that was met

@@ -1,13 +1,12 @@
 #include "widgets/FormImage.h"
 
-#include <QDir>
-#include <QLocale>
+#include "print/SheetPainter.h"
+
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QScrollArea>
 #include <QWidget>
 
-#include <stdexcept>
 #include <vector>
 
 namespace quorrel {
@@ -57,35 +56,16 @@ std::vector<QWidget*> ScrolledParts(const QWidget& window) {
 
 } // namespace
 
-void WritePdf(const QString& path, const QString& title, QPageLayout::Orientation orientation,
-              const std::function<void(QPagedPaintDevice&)>& paint) {
-    QPdfWriter writer(path);
-    const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
-    writer.setPageSize(QPageSize(metric ? QPageSize::A4 : QPageSize::Letter));
-    writer.setPageOrientation(orientation);
-    writer.setPageMargins({15, 15, 15, 15}, QPageLayout::Millimeter);
-    writer.setTitle(title);
-    try {
-        paint(writer);
-    } catch (const std::runtime_error&) {
-        throw std::runtime_error(QObject::tr("The file %1 cannot be written.")
-                                     .arg(QDir::toNativeSeparators(path))
-                                     .toStdString());
-    }
-}
-
-void PrintFormImage(QWidget& window, const QString& path, const QString& title) {
+void PaintFormImage(QPagedPaintDevice& device, QWidget& window) {
     const LightColours colours(window);
-    WritePdf(path, title, QPageLayout::Landscape, [&](QPagedPaintDevice& device) {
-        QPainter painter;
-        if (!painter.begin(&device))
-            throw std::runtime_error("No page");
-        DrawWidget(painter, window);
-        for (QWidget* part : ScrolledParts(window)) {
-            device.newPage();
-            DrawWidget(painter, *part);
-        }
-    });
+    QPainter painter;
+    if (!painter.begin(&device))
+        throw NoPageTaken();
+    DrawWidget(painter, window);
+    for (QWidget* part : ScrolledParts(window)) {
+        device.newPage();
+        DrawWidget(painter, *part);
+    }
 }
 
 } // namespace quorrel

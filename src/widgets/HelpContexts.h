@@ -28,5 +28,7 @@ inline constexpr int kDepartments = 590;
 inline constexpr int kHardware = 595;
 inline constexpr int kLostKeys = 600;
 inline constexpr int kReturnedKeys = 605;
+inline constexpr int kReports = 610;
+inline constexpr int kPrinter = 615;
 
 } // namespace quorrel::help

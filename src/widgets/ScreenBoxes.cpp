@@ -1,12 +1,12 @@
 #include "widgets/ScreenBoxes.h"
 
+#include "widgets/PrinterBox.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QProgressDialog>
 
 namespace quorrel {
@@ -156,19 +156,8 @@ std::optional<QString> ScreenBoxes::ShowInput(const QString& text, const QString
 
 std::optional<PrinterChoice> ScreenBoxes::ShowPrinters(const PrinterChoice& proposal) {
     const PlainPointer pointer;
-    QPrinter printer;
-    if (!proposal.printer.isEmpty())
-        printer.setPrinterName(proposal.printer);
-    printer.setCopyCount(proposal.copies);
-    printer.setFromTo(proposal.firstPage, proposal.lastPage);
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange, true);
-    if (!dialog.exec())
-        return std::nullopt;
-    const bool all = printer.printRange() == QPrinter::AllPages;
-    return PrinterChoice{printer.printerName(), printer.copyCount(),
-                         all ? 1 : std::max(1, printer.fromPage()), all ? 0 : printer.toPage()};
+    PrinterBox box(proposal, QApplication::activeWindow());
+    return box.exec() ? std::optional(box.Choice()) : std::nullopt;
 }
 
 std::unique_ptr<Progress> ScreenBoxes::BeginProgress(const QString& text, const QString& title,
