@@ -2,6 +2,7 @@
 
 #include "access/CompanyInfo.h"
 #include "platform/Files.h"
+#include "print/SheetPainter.h"
 
 namespace quorrel {
 
@@ -19,6 +20,10 @@ bool LogoLabel::ShowLogo(const QString& path) {
     setPixmap(logo);
     setVisible(!logo.isNull() || minimumHeight() > 0);
     return shown;
+}
+
+Picture LogoPicture(const QString& path) {
+    return IsLogo(path) ? PictureFrom(FindIgnoringCase(path)) : Picture();
 }
 
 } // namespace quorrel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "print/PrintedPages.h"
+
 #include <QLabel>
 
 namespace quorrel {
@@ -16,5 +18,8 @@ public:
     /// that cannot be shown: its format is not known on this workstation, or it is broken.
     bool ShowLogo(const QString& path);
 };
+
+/// The company's logo for what is printed; empty when there is none at the path.
+Picture LogoPicture(const QString& path);
 
 } // namespace quorrel

@@ -1,7 +1,11 @@
 #include "holders/frmKeyUsers.h"
 
+#include "access/CompanyInfo.h"
+#include "access/LogoLabel.h"
 #include "holders/Personnel.h"
 #include "platform/Text.h"
+#include "print/PrintRun.h"
+#include "print/Printers.h"
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
 #include "widgets/HelpContexts.h"
@@ -69,8 +73,6 @@ frmKeyUsers::frmKeyUsers(Session& session)
     ui->setupUi(this);
     OfferHelp(help::kKeyUsers, ui->cmdHelp);
     OfferFoot();
-    ui->cmdPrintKeySignature->setEnabled(false);
-    ui->cmdPrintKeySignature->setToolTip(tr("Receipts are not part of this version yet."));
     ui->picQV->ShowLogo(m_session.Company.CompanyLogo);
     KeepRoomOfUserList();
     HideUserList();
@@ -114,11 +116,16 @@ void frmKeyUsers::WatchPeople() {
     On(ui->cmdNewUser, &QPushButton::clicked, [this] { NewUser(); });
     On(ui->cmdSearch, &QPushButton::clicked, [this] { StepSearch(); });
     On(ui->cmdShowKeys, &QPushButton::clicked, [this] {
+        RecordForReceipt(m_session, ReceiptKind::AllKeysOfHolder);
         LoadUserKeys();
         ui->lblUserList->show();
         ui->lstUserList->show();
     });
-    On(ui->lstKeyHolders, &TextList::Clicked, [this] { LoadUser(); });
+    On(ui->lstKeyHolders, &TextList::Clicked, [this] {
+        RecordForReceipt(m_session, ReceiptKind::AllKeysOfHolder);
+        LoadUser();
+    });
+    On(ui->cmdPrintKeySignature, &QPushButton::clicked, [this] { PrintReceipt(); });
     On(ui->txtUserSearch, &QLineEdit::textChanged,
        [this] { WhileTyping(ui->txtUserSearch, [this] { LoadKeyHolders(); }); });
     On(ui->txtUserNumber, &QLineEdit::textChanged, [this] { HideUserList(); });
@@ -141,7 +148,12 @@ void frmKeyUsers::WatchKeys() {
         WhileTyping(ui->txtKeySearch, [this] { LoadKeyIDs(); });
     });
     ui->lstKeyIDs->SetSearchBox(ui->txtKeySearch);
-    On(ui->lstKeyIDs, &TextList::Clicked, [this] { SelectKey(); });
+    On(ui->lstKeyIDs, &TextList::Clicked, [this] {
+        RecordForReceipt(m_session, ReceiptKind::UnitsOfKey);
+        SelectKey();
+    });
+    On(ui->lstUnitID, &TextList::Clicked,
+       [this] { RecordForReceipt(m_session, ReceiptKind::SelectedUnit); });
     On(ui->lstUserList, &TextList::Clicked, [this] { ShowKeyOfUserList(); });
     On(ui->lstUnitID, &TextList::DoubleClicked, [this] {
         Assign();
@@ -448,6 +460,7 @@ void frmKeyUsers::ShowKeyOfUserList() {
 }
 
 void frmKeyUsers::OrderUnits() {
+    RecordForReceipt(m_session, ReceiptKind::IssuedUnit);
     if (!m_session.SessionPermissions.AddEditKeyUsers)
         return;
     if (ui->lstKeyIDs->CurrentRow() < 0) {
@@ -457,6 +470,8 @@ void frmKeyUsers::OrderUnits() {
     const BusyPointer busy;
     const Issued issued =
         IssueUnits(m_session, m_keyInHand, ui->txtUnitID->text(), ui->txtLastUnitID->text());
+    if (issued.outcome == Issued::Outcome::Done)
+        m_lastIssued = {m_keyInHand.key, issued.lastUnit};
     TellDone(WhatWasIssued(issued), [this] { LoadUnitList(); });
     ui->txtUnitID->setFocus();
     ui->txtUnitID->selectAll();
@@ -476,6 +491,49 @@ QString frmKeyUsers::WhatWasIssued(const Issued& issued) {
     if (issued.count == 1)
         return tr("Unit %1 of %2 issued").arg(issued.lastUnit, keyID);
     return tr("%1 units of %2 issued").arg(QString::number(issued.count), keyID);
+}
+
+ReceiptSubject frmKeyUsers::SubjectOfReceipt() {
+    LoadUserKeys();
+    ReceiptSubject subject{ui->txtFirstName->text(),
+                           ui->txtLastName->text(),
+                           ui->txtUserNumber->text(),
+                           ui->txtTitle->text(),
+                           ui->cmbDepartment->currentText(),
+                           ui->lstUserList->Lines(),
+                           {},
+                           {},
+                           ui->lstUnitID->Lines(),
+                           {}};
+    if (const auto key = Highlighted(*ui->lstKeyIDs, m_keys)) {
+        subject.keyLine = key->line;
+        if (m_lastIssued.first == key->key)
+            subject.LastIssuedUnit = m_lastIssued.second;
+    }
+    if (ui->lstUnitID->CurrentRow() >= 0)
+        subject.unit = ui->lstUnitID->CurrentText();
+    return subject;
+}
+
+void frmKeyUsers::PrintReceipt() {
+    const auto receipt = ChooseReceipt(m_session, SubjectOfReceipt());
+    if (!receipt)
+        return;
+    const auto choice = ChoosePrinter(m_session);
+    if (!choice)
+        return;
+    const ReceiptHead head{m_session.ProgramTitle, m_session.System.name,
+                           JoinedPolicy(m_session.Company), m_session.clock().date(),
+                           LogoPicture(m_session.Company.CompanyLogo)};
+    PrintJob job;
+    job.name = tr("Key Receipt");
+    job.print = [&](Printer& printer) {
+        PrintReceipts(printer, head, *receipt);
+        return QStringList();
+    };
+    PrintRun run(m_session, job.name);
+    if (run.IsReady() && run.Print(job, choice->copies))
+        Tell(run.Done());
 }
 
 /// A unit goes to the holder who is highlighted, and to nobody else whom the form may show.

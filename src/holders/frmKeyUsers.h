@@ -3,6 +3,7 @@
 #include "holders/KeyHolders.h"
 #include "holders/KeyUnits.h"
 #include "holders/PersonFields.h"
+#include "holders/Receipt.h"
 #include "widgets/Form.h"
 
 #include <memory>
@@ -69,6 +70,8 @@ private:
     void ShowUnits();
     void ShowKeyOfUserList();
     void OrderUnits();
+    ReceiptSubject SubjectOfReceipt();
+    void PrintReceipt();
     QString WhatWasIssued(const Issued& issued);
     bool HolderIsOnForm(const ListedHolder& holder);
     void Assign();
@@ -84,6 +87,7 @@ private:
     std::vector<ListedHolder> m_holders;        ///< of the lines of their list
     std::vector<ListedKey> m_keys;              ///< of the lines of theirs
     ListedKey m_keyInHand;                      ///< whose units are shown
+    std::pair<RowKey, QString> m_lastIssued;    ///< the key and its unit that was issued last
     std::pair<QString, QString> m_unstoredNote; ///< the unit's line, and its note
 };
 

@@ -152,10 +152,9 @@ void Preview::FitPage() {
 }
 
 void Preview::Print() {
-    const auto choice = m_session.boxes.ChoosePrinter({PresentPrinter(m_session).DeviceName});
+    const auto choice = ChoosePrinter(m_session);
     if (!choice)
         return;
-    m_session.Printer = choice->printer;
     if (const QString done = PrintPainted(m_session, m_job, choice->copies); !done.isEmpty())
         m_done = done;
 }

@@ -64,6 +64,14 @@ Paper PaperOf(const QString& printer) {
     return QLocale().measurementSystem() == QLocale::MetricSystem ? kA4 : kLetter;
 }
 
+std::optional<PrinterChoice> ChoosePrinter(Session& session, PrinterChoice proposal) {
+    proposal.printer = PresentPrinter(session).DeviceName;
+    const auto choice = session.boxes.ChoosePrinter(proposal);
+    if (choice)
+        session.Printer = choice->printer;
+    return choice;
+}
+
 void SetUpPrinter(QPrinter& device, const QString& printer) {
     if (QPrinterInfo::printerInfo(printer).isNull())
         throw PrintError(PrintersText("The printer \"%1\" is not there.").arg(printer));

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/Boxes.h"
 #include "print/PrintedPages.h"
 
+#include <optional>
 #include <vector>
 
 class QPrinter;
@@ -30,6 +32,10 @@ bool IsPdfPrinter(const QString& printer);
 
 /// The paper that a printer usually prints on; for files the one that is usual in this country.
 Paper PaperOf(const QString& printer);
+
+/// Asks for the printer and the copies, beginning at the program's printer; what is chosen becomes
+/// that. Nothing when the user cancels.
+std::optional<PrinterChoice> ChoosePrinter(Session& session, PrinterChoice proposal = {});
 
 /// Makes a device the printer of that name. Throws `PrintError` when it is not there.
 void SetUpPrinter(QPrinter& device, const QString& printer);

@@ -138,7 +138,7 @@ std::vector<ReportEntry> ListReportHardware(Session& session) {
     hardware.sort();
     std::vector<ReportEntry> entries;
     for (const QString& text : hardware)
-        entries.push_back({0, text});
+        entries.push_back({0, text, text});
     return entries;
 }
 

@@ -10,6 +10,7 @@ namespace quorrel {
 struct ReportEntry {
     RowKey key = 0;
     QString text;
+    QString name; ///< of the record when the line was made
 
     bool operator==(const ReportEntry&) const = default;
 };

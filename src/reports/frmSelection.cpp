@@ -185,7 +185,7 @@ void frmSelection::Print() {
 void frmSelection::PrintCopies() {
     int copies = 1;
     if (m_report.asksCopies) {
-        const auto choice = ChoosePrinter(m_session, {});
+        const auto choice = ChoosePrinter(m_session);
         if (!choice)
             return;
         copies = choice->copies;

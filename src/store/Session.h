@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QString>
 
+#include <array>
 #include <map>
 #include <memory>
 
@@ -101,9 +102,10 @@ struct Session {
     QString Printer; ///< name of the one that was chosen; empty: the usual one
 
     // Doors and holders.
-    bool FindOpensKey = false;    ///< the holders' form comes up for a key that was searched
-    double HighDoorNumber = 0;    ///< highest running number of a door that was met
-    bool DepartmentFound = false; ///< a department typed for a new holder was known already
+    bool FindOpensKey = false; ///< the holders' form comes up for a key that was searched
+    double HighDoorNumber = 0; ///< highest running number of a door that was met
+    std::array<int, 11> ReceiptHistory{}; ///< the last actions that may call for a receipt
+    bool DepartmentFound = false;         ///< a department typed for a new holder was known already
 
     /// The database of key systems. Throws `DatabaseError` when it is not open.
     Database& Keys() {

@@ -7,7 +7,7 @@ namespace {
 QString Hardware(ReportSite& site, const QStringList& chosen) {
     std::vector<ReportEntry> entries;
     for (const QString& text : chosen)
-        entries.push_back({0, text});
+        entries.push_back({0, text, text});
     return site.Printed(
         [&](Printer& printer) { PrintHardware(site.session, printer, site.head, entries); });
 }
@@ -20,7 +20,9 @@ TEST(HardwareReport, ListsTheDoorsOfEachHardwareByTheirLabels) {
     site.AddDoor("Gate", "Outside", "Street", "Padlock");
     site.AddDoor("Shed", "", "", "Padlock 40");
     EXPECT_EQ(ListReportHardware(site.session),
-              (std::vector<ReportEntry>{{0, "Mortice lock"}, {0, "Padlock"}, {0, "Padlock 40"}}));
+              (std::vector<ReportEntry>{{0, "Mortice lock", "Mortice lock"},
+                                         {0, "Padlock", "Padlock"},
+                                         {0, "Padlock 40", "Padlock 40"}}));
     EXPECT_EQ(CountDoorsWith(site.session, "Mortice lock"), 3);
     ExpectGolden("hardware", Hardware(site, {"Mortice lock", "Padlock", "No such"}));
 }
