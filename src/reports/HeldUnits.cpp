@@ -8,7 +8,7 @@
 namespace quorrel {
 
 QString ReportHolder::Name() const {
-    return RightTrimmed(Lastname) + u' ' + RightTrimmed(Firstname);
+    return (RightTrimmed(Lastname) + u' ' + RightTrimmed(Firstname)).trimmed();
 }
 
 bool ReportHolder::HasName() const {

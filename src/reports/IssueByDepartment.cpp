@@ -85,9 +85,7 @@ private:
     void PrintHolder(const ReportHolder& holder) {
         m_printer.Print({"     ", Rule(kDepartmentRule)});
         m_printer.ForeColor = ink::kRed;
-        m_printer.Print({"        ", Padded(holder.UserIDNumber, 12), " ",
-                         OneLine(RightTrimmed(holder.Lastname)), " ",
-                         OneLine(RightTrimmed(holder.Firstname))});
+        m_printer.Print({"        ", Padded(holder.UserIDNumber, 12), " ", OneLine(holder.Name())});
         m_printer.ForeColor = ink::kBlack;
         m_lines += 2;
     }

@@ -8,8 +8,6 @@
 #include "reports/PinningReport.h"
 #include "reports/ReportKeys.h"
 
-#include <QCoreApplication>
-
 namespace quorrel {
 
 namespace {
@@ -17,14 +15,14 @@ namespace {
 using Chosen = std::vector<ReportEntry>;
 
 QString ReportText(const char* text) {
-    return QCoreApplication::translate("SelectionReport", text);
+    return QString::fromLatin1(text);
 }
 
 SelectionReport NewReport(const char* form, const char* lists, const char* title,
                           const char* candidates) {
     SelectionReport report;
-    report.form = QString::fromLatin1(form);
-    report.lists = QString::fromLatin1(lists);
+    report.form = ReportText(form);
+    report.lists = ReportText(lists);
     report.title = ReportText(title);
     report.candidates = ReportText(candidates);
     return report;

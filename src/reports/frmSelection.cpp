@@ -5,7 +5,7 @@
 #include "print/Printers.h"
 #include "reports/PrintCommands.h"
 #include "store/Conflict.h"
-#include "ui_frmSelection.h"
+#include "ui_Selection.h"
 #include "widgets/HelpContexts.h"
 
 #include <QApplication>
@@ -28,7 +28,7 @@ QStringList TextsOfEntries(const std::vector<ReportEntry>& entries) {
 } // namespace
 
 frmSelection::frmSelection(Session& session, const SelectionReport& report)
-    : Form(session), ui(std::make_unique<Ui::frmSelection>()), m_report(report) {
+    : Form(session), ui(std::make_unique<Ui::Selection>()), m_report(report) {
     ui->setupUi(this);
     NameControls();
     OfferHelp(help::kReports, ui->cmdHelp);
@@ -46,11 +46,15 @@ void frmSelection::NameControls() {
     setWindowTitle(m_report.title);
     ui->lstAll->setObjectName(QStringLiteral("lstAll") + m_report.lists);
     ui->lstPrint->setObjectName(QStringLiteral("lstPrint") + m_report.lists);
-    ui->lblCandidates->setText(m_report.candidates);
-    ui->lblChosen->setText(m_report.atMost > 0 ? tr("To print (%1 at most)").arg(m_report.atMost)
-                                               : tr("To print"));
+    ui->Label2->setText(m_report.candidates);
+    ui->Label3->setText(m_report.atMost > 0 ? tr("To print (%1 at most)").arg(m_report.atMost)
+                                            : tr("To print"));
+    ui->lstAll->setAccessibleName(ui->Label2->text());
+    ui->lstPrint->setAccessibleName(ui->Label3->text());
     ui->ckOption->setText(m_report.option);
     ui->ckOption->setVisible(!m_report.option.isEmpty());
+    if (m_report.option.isEmpty())
+        ui->ckOption->setFocusPolicy(Qt::NoFocus);
 }
 
 void frmSelection::WatchControls() {
@@ -88,7 +92,7 @@ void frmSelection::ShowCandidates() {
                      return entry.text.startsWith(begin, Qt::CaseInsensitive);
                  });
     ui->lstAll->SetLines(TextsOfEntries(m_listed));
-    ui->lblCount->setText(tr("%1 of %2 listed").arg(m_listed.size()).arg(m_all.size()));
+    ui->Label4->setText(tr("%1 of %2 listed").arg(m_listed.size()).arg(m_all.size()));
     for (QPushButton* button : {ui->cmdAddTo, ui->cmdAddAll})
         button->setEnabled(!m_listed.empty());
 }
@@ -96,7 +100,7 @@ void frmSelection::ShowCandidates() {
 void frmSelection::ShowChosen(int highlighted) {
     ui->lstPrint->SetLines(TextsOfEntries(m_chosen));
     ui->lstPrint->SetCurrentRow(std::min(highlighted, ui->lstPrint->Count() - 1));
-    ui->lblPrintCount->setText(tr("%1 to print").arg(m_chosen.size()));
+    ui->Label5->setText(tr("%1 to print").arg(m_chosen.size()));
     const bool some = !m_chosen.empty();
     ui->cmdRemove->setEnabled(some);
     for (QPushButton* button : {ui->cmdPrint, ui->cmdPreview})

@@ -7,7 +7,7 @@
 #include <memory>
 
 namespace Ui {
-class frmSelection;
+class Selection;
 }
 
 namespace quorrel {
@@ -40,7 +40,7 @@ private:
     void ShowAsPrinted();
     PrintJob Job();
 
-    std::unique_ptr<Ui::frmSelection> ui;
+    std::unique_ptr<Ui::Selection> ui;
     const SelectionReport& m_report;
     std::vector<ReportEntry> m_all;    ///< that may be chosen
     std::vector<ReportEntry> m_listed; ///< of these, as the search box has it

@@ -21,7 +21,8 @@ const QString kCore =
     kLanguage +
     "|<Q(String|StringBuilder|StringList|DateTime|Date|Time|RandomGenerator|Dir|File|FileInfo|"
     "Locale|RegularExpression|Process|Settings|StandardPaths|RectF|SizeF|PointF|Set|Hash|Map|"
-    "List|Char|AbstractTableModel|ByteArray|Thread|TextStream|TemporaryFile|Url|Collator)>";
+    "List|Char|AbstractTableModel|ByteArray|Thread|TextStream|TemporaryFile|TextBoundaryFinder|Url|"
+    "Collator)>";
 
 const Rule kRules[] = {
     {"engine", "engine/.*", kLanguage + "|\"engine/.*", 20},
@@ -32,10 +33,11 @@ const Rule kRules[] = {
     {"logic",
      "(?!engine|platform|store|widgets|app)[a-z]+/"
      "(?!KeyCell|ListArea|PageGrid|Cylinder|ChartPage|Legend|LogoLabel|PersonFields|MainMenu|"
-     "StatusLine|CrossKeyMark|BusyPicture|PhantomCounts|\\w+Panel)[A-Z].*",
+     "StatusLine|CrossKeyMark|BusyPicture|PhantomCounts|\\w+Panel|SheetPainter|Printers|PrintRun|"
+     "Preview|PrintCommands|SystemPrints)[A-Z].*",
      kCore + "|\"(?!widgets/|app/|[a-z]+/frm|ui_).*", 30},
     {"form", "[a-z]+/frm.*", "<.*|\"(?!app/|[a-z]+/frm).*", 30},
-    {"widgets", "widgets/.*", "<.*|\"(widgets|store|platform|engine)/.*", 10}};
+    {"widgets", "widgets/.*", "<.*|\"(widgets|print|store|platform|engine)/.*", 10}};
 
 /// The rooms from the lowest to the highest: a room includes itself and what stands before it.
 const QStringList kRooms = {"engine", "platform",  "store",   "print",   "widgets", "access",

@@ -1,3 +1,4 @@
+#include "reports/SelectionReport.h"
 #include "support/AllForms.h"
 #include "widgets/TextCombo.h"
 
@@ -54,6 +55,8 @@ TEST(EveryFormThereIs, IsBroughtUpHere) {
         EXPECT_TRUE(roads.contains(form)) << form.toStdString() << " is not among `AllForms`";
     }
     EXPECT_GT(seen, 15);
+    for (const SelectionReport& report : SelectionReports())
+        EXPECT_TRUE(roads.contains(report.form)) << report.form.toStdString();
 }
 
 // The tab key.

@@ -21,7 +21,8 @@ inline std::optional<SavedDoor> SaveOver(Session& session, const DoorText& text)
 /// A program with an open system, for what is done with its doors.
 class DoorSite : public TestProgram {
 public:
-    DoorSite() : system(CreateAndOpen(StandardSystem("Pier", "395172"))) {}
+    explicit DoorSite(const NewSystem& made = StandardSystem("Pier", "395172"))
+        : system(CreateAndOpen(made)) {}
 
     void Save(const QString& label, const QString& description = {}) {
         DoorText text;

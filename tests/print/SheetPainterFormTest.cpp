@@ -99,14 +99,12 @@ TEST(SheetPainter, WritesPdfFilesWhoseTextCanBeReadWholeOrNoneAtAll) {
 
     PdfFiles nowhere(folder.filePath("none/keys.pdf"));
     Printer failing("Keys", LayOutSheets(kA4, {}), nowhere);
-    failing.Print({"a key"});
-    EXPECT_THROW(failing.EndDoc(), std::runtime_error);
+    EXPECT_THROW(failing.Print({"a key"}), PrintError);
     EXPECT_TRUE(nowhere.Written().isEmpty());
 
     PaperPrints vanished(QStringLiteral("no such printer"));
     Printer paper("Keys", LayOutSheets(kA4, {}), vanished);
-    paper.Print({"a key"});
-    EXPECT_THROW(paper.EndDoc(), std::runtime_error);
+    EXPECT_THROW(paper.Print({"a key"}), PrintError);
 }
 
 TEST(SheetPainter, TakesALogoOfAnySizeAndNothingForWhatIsNoPicture) {

@@ -21,8 +21,8 @@ TEST(HardwareReport, ListsTheDoorsOfEachHardwareByTheirLabels) {
     site.AddDoor("Shed", "", "", "Padlock 40");
     EXPECT_EQ(ListReportHardware(site.session),
               (std::vector<ReportEntry>{{0, "Mortice lock", "Mortice lock"},
-                                         {0, "Padlock", "Padlock"},
-                                         {0, "Padlock 40", "Padlock 40"}}));
+                                        {0, "Padlock", "Padlock"},
+                                        {0, "Padlock 40", "Padlock 40"}}));
     EXPECT_EQ(CountDoorsWith(site.session, "Mortice lock"), 3);
     ExpectGolden("hardware", Hardware(site, {"Mortice lock", "Padlock", "No such"}));
 }

@@ -147,6 +147,12 @@ inline const std::vector<FormRoad>& AllForms() {
             Click(page, "cmdAccess");
         };
     };
+    const auto chosen = [](const char* list) {
+        return [list](QWidget* form) {
+            ChooseLine(form, list, 0);
+            Click(form, "cmdAddTo");
+        };
+    };
     const auto found = [](QWidget* form) { ChooseLine(form, "lstUserList", 0); };
     static const std::vector<FormRoad> forms = {
         {"frmStart", nullptr,
@@ -185,6 +191,15 @@ inline const std::vector<FormRoad>& AllForms() {
         {"frmPinningChart", "frmMain", click("cmdPinning")},
         {"frmPinningChartIC", "frmMain", click("cmdPinning"), [](QWidget*) {},
          SystemType::ICCore23},
+        {"frmPrinter", "frmMain", choose("mnuFilePrinter")},
+        {"frmPrintHardware", "frmMain", choose("mnuHardware"), chosen("lstAllHardware")},
+        {"frmKeysbyUsers", "frmMain", choose("mnuKeysByUsers"), chosen("lstAllUsers")},
+        {"frmKeysbyDepartment", "frmMain", choose("mnuKeysByDepartment"),
+         chosen("lstAllDepartments")},
+        {"frmDoorsList", "frmMain", choose("mnuPrintDoors"), chosen("lstAllKeys")},
+        {"frmUKDoorsList", "frmMain", choose("mnuUnKeyed"), chosen("lstAllKeys")},
+        {"frmPrintKeyPages", "frmMain", choose("mnuPrintKeyChart"), chosen("lstAllKeys")},
+        {"frmPrintPinning", "frmMain", choose("mnuPrintChart"), chosen("lstAllKeys")},
         {"frmAbout", "frmMain", choose("mnuHelpAbout")},
         {"frmExit", "frmMain", choose("mnuFileExit")},
         {"frmLogoff", "frmMain", [](RunningProgram&, QWidget* main) {
