@@ -16,6 +16,7 @@ void AddLists(std::vector<Comparison>& comparisons);
 void AddDoors(std::vector<Comparison>& comparisons);
 void AddCrossKeys(std::vector<Comparison>& comparisons);
 void AddFind(std::vector<Comparison>& comparisons);
+void AddPrint(std::vector<Comparison>& comparisons);
 void AddHolders(std::vector<Comparison>& comparisons);
 void AddLogs(std::vector<Comparison>& comparisons);
 void AddStart(std::vector<Comparison>& comparisons);

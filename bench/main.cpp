@@ -44,6 +44,7 @@ int RunAll(std::vector<char*> arguments) {
     AddDoors(comparisons);
     AddCrossKeys(comparisons);
     AddFind(comparisons);
+    AddPrint(comparisons);
     AddHolders(comparisons);
     AddLogs(comparisons);
     AddStart(comparisons);

@@ -10,6 +10,8 @@ frmPrinter::frmPrinter(Session& session) : Form(session), ui(std::make_unique<Ui
     OfferHelp(help::kPrinter);
     OfferFoot();
     On(ui->lstPrinters, &TextList::Clicked, [this] { Choose(); });
+    On(ui->lstPrinters, &TextList::EnterPressed, [this] { Leave(); });
+    On(ui->lstPrinters, &TextList::DoubleClicked, [this] { Leave(); });
     On(ui->cmdOK, &QPushButton::clicked, [this] { Leave(); });
     Guarded([this] { ListThem(); });
 }
