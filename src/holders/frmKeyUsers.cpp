@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 #include "print/PrintRun.h"
 #include "print/Printers.h"
+#include "store/Conflict.h"
 #include "store/SystemTables.h"
 #include "ui_frmKeyUsers.h"
 #include "widgets/HelpContexts.h"
@@ -516,6 +517,7 @@ ReceiptSubject frmKeyUsers::SubjectOfReceipt() {
 }
 
 void frmKeyUsers::PrintReceipt() {
+    RequireSystem(m_session);
     const auto receipt = ChooseReceipt(m_session, SubjectOfReceipt());
     if (!receipt)
         return;

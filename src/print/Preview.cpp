@@ -8,9 +8,9 @@
 #include <QLabel>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -62,7 +62,7 @@ Preview::Preview(Session& session, PaintedJob job, QWidget* parent)
     auto* buttons = new QHBoxLayout;
     layout->addLayout(buttons);
     layout->addWidget(m_pages, 1);
-    const auto add = [&](QPushButton* button) {
+    const auto add = [&](QToolButton* button) {
         buttons->addWidget(button);
         return button;
     };
@@ -78,10 +78,7 @@ Preview::Preview(Session& session, PaintedJob job, QWidget* parent)
     buttons->addStretch();
     add(AddButton("cmdPrint", tr("&Print"), QKeySequence::Print, &Preview::Print));
     add(AddButton("cmdPdf", tr("&Save as PDF"), QKeySequence::Save, &Preview::WritePdf));
-    auto* close = add(new QPushButton(tr("&Close"), this));
-    close->setObjectName(QStringLiteral("cmdClose"));
-    close->setAutoDefault(false);
-    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    add(AddButton("cmdClose", tr("&Close"), {}, &Preview::accept));
 
     const QSize free = screen()->availableSize() * kShareOfScreen;
     resize(std::min(kWidth, free.width()), std::min(kHeight, free.height()));
@@ -95,13 +92,13 @@ Preview::~Preview() {
     delete m_pages;
 }
 
-QPushButton* Preview::AddButton(const char* name, const QString& text, const QKeySequence& key,
+QToolButton* Preview::AddButton(const char* name, const QString& text, const QKeySequence& key,
                                 void (Preview::*action)()) {
-    auto* button = new QPushButton(text, this);
+    auto* button = new QToolButton(this);
+    button->setText(text);
     button->setObjectName(QLatin1String(name));
-    button->setAutoDefault(false);
     const auto run = [this, action] { Guarded([&] { (this->*action)(); }); };
-    connect(button, &QPushButton::clicked, this, run);
+    connect(button, &QToolButton::clicked, this, run);
     if (!key.isEmpty()) {
         button->setToolTip(key.toString(QKeySequence::NativeText));
         connect(new QShortcut(key, this), &QShortcut::activated, this, run);

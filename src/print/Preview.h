@@ -9,7 +9,7 @@
 class QLabel;
 class QPrintPreviewWidget;
 class QPrinter;
-class QPushButton;
+class QToolButton;
 
 namespace quorrel {
 
@@ -26,7 +26,7 @@ public:
     const QString& Done() const { return m_done; }
 
 private:
-    QPushButton* AddButton(const char* name, const QString& text, const QKeySequence& key,
+    QToolButton* AddButton(const char* name, const QString& text, const QKeySequence& key,
                            void (Preview::*action)());
     void TurnBack();
     void TurnOn();
@@ -44,7 +44,7 @@ private:
     std::unique_ptr<QPrinter> m_paper;
     QPrintPreviewWidget* m_pages;
     QLabel* lblPage;
-    QPushButton *cmdPrevious, *cmdNext;
+    QToolButton *cmdPrevious, *cmdNext;
     QString m_done;
 };
 

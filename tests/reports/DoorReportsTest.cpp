@@ -5,11 +5,13 @@
 namespace quorrel::test {
 namespace {
 
-QString Doors(ReportSite& site, const QStringList& keys, DoorsToList which = DoorsToList::All) {
-    return site.Printed([&](Printer& printer) {
+QString Doors(ReportSite& site, const QStringList& keys, DoorsToList which = DoorsToList::All,
+              const Paper& paper = kA4) {
+    const auto print = [&](Printer& printer) {
         const auto chosen = ReportSite::Choose(ListNamedKeys(site.session), keys);
         EXPECT_TRUE(PrintDoorsByKey(site.session, printer, site.head, chosen, which).isEmpty());
-    });
+    };
+    return site.Printed(print, paper);
 }
 
 /// A master over A1 and A2, the grand master, and doors.
@@ -42,6 +44,7 @@ TEST(DoorReports, BreakBeforeALineThatWouldGoBeyondTheLimit) {
         for (int door = 0; door < doors; ++door)
             site.AddKeyedDoor(QString("D%1").arg(door, 3, 10, QChar('0')), "A1");
         const QString text = Doors(site, {"A1"}, which);
+        EXPECT_EQ(Doors(site, {"A1"}, which, kLetter), text) << "no paper is too small for it";
         EXPECT_EQ(text.count("\n    D0"), doors) << "each door stands there once";
         EXPECT_EQ(text.count(" Cont\n") + text.count(" Cont |"), text.count("=== sheet") - 1);
         return text.count("=== sheet");

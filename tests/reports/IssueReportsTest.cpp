@@ -25,9 +25,12 @@ void FillBooks(ReportSite& site) {
 }
 
 QString ByUser(ReportSite& site, const std::vector<ReportEntry>& chosen) {
-    return site.Printed([&](Printer& printer) {
+    const auto print = [&](Printer& printer) {
         EXPECT_TRUE(PrintIssueByUser(site.session, printer, site.head, chosen).isEmpty());
-    });
+    };
+    const QString text = site.Printed(print);
+    EXPECT_EQ(site.Printed(print, kLetter), text) << "no paper is too small for it";
+    return text;
 }
 
 TEST(IssueByUser, PrintsTheUnitsOfEachHolderAndTellsNamesakesApart) {
@@ -81,10 +84,13 @@ TEST(IssueChart, HasALineToSignOnForEachUnitAndASheetForEachKey) {
     ReportSite site;
     FillBooks(site);
     const auto charts = [&](const QStringList& keys) {
-        return site.Printed([&](Printer& printer) {
+        const auto print = [&](Printer& printer) {
             const auto chosen = ReportSite::Choose(ListNamedKeys(site.session), keys);
             EXPECT_TRUE(PrintIssueCharts(site.session, printer, site.head, chosen).isEmpty());
-        });
+        };
+        const QString text = site.Printed(print);
+        EXPECT_EQ(site.Printed(print, kLetter), text) << "no paper is too small for it";
+        return text;
     };
     ExpectGolden("issue-chart", charts({"A1"}));
     EXPECT_EQ(charts({"GM", "BM-of-a-name"}).count("=== sheet"), 2);

@@ -15,10 +15,13 @@ NewSystem CoreSystem() {
 }
 
 QString Pinning(ReportSite& site, const QStringList& keys, bool kit = false) {
-    return site.Printed([&](Printer& printer) {
+    const auto print = [&](Printer& printer) {
         const auto chosen = ReportSite::Choose(ListNamedKeys(site.session), keys);
         EXPECT_TRUE(PrintPinningReport(site.session, printer, site.head, chosen, kit).isEmpty());
-    });
+    };
+    const QString text = site.Printed(print);
+    EXPECT_EQ(site.Printed(print, kLetter), text) << "no paper is too small for it";
+    return text;
 }
 
 /// Gives the brand of a system all sizes but one.

@@ -17,9 +17,13 @@ void NameSome(ReportSite& site) {
 }
 
 QString Chart(ReportSite& site, const ChartExtent& extent) {
-    return site.Printed(
-        [&](Printer& printer) { PrintCompleteChart(site.session, printer, site.head, extent); },
-        kA4, CompleteChartSheets(site.session));
+    const auto print = [&](Printer& printer) {
+        PrintCompleteChart(site.session, printer, site.head, extent);
+    };
+    const SheetNeeds needs = CompleteChartSheets(site.session);
+    const QString text = site.Printed(print, kA4, needs);
+    EXPECT_EQ(site.Printed(print, kLetter, needs), text) << "no paper is too small for it";
+    return text;
 }
 
 TEST(CompleteChart, PrintsEveryCellOfAPageInTwoPartsAndTheMastersAbove) {
