@@ -338,6 +338,7 @@ PinningRequest frmMain::SelectedKey() const {
 }
 
 void frmMain::PrintReport(MainReport report, bool preview) {
+    ui->pnlStatus->Tell({});
     if (!SavePending(kLabelToLeavePage))
         return;
     if (const QString told = m_print(report, preview); !told.isEmpty())

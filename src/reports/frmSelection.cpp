@@ -60,6 +60,11 @@ void frmSelection::NameControls() {
 void frmSelection::WatchControls() {
     On(ui->txtSearch, &QLineEdit::textChanged, [this] { ShowCandidates(); });
     ui->lstAll->SetSearchBox(ui->txtSearch);
+    // They could not be read when the form came up.
+    On(ui->lstAll, &TextList::LinesWanted, [this] {
+        if (m_all.empty())
+            ReadCandidates();
+    });
     On(ui->lstAll, &TextList::Clicked, [this] { ShowAbout(); });
     On(ui->lstAll, &TextList::DoubleClicked, [this] { AddChosen(); });
     On(ui->lstAll, &TextList::EnterPressed, [this] { AddChosen(); });
