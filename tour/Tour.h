@@ -55,6 +55,9 @@ void WalkFind(Tour& tour);
 /// The logs of key units, and the tidying of departments and hardware.
 void WalkBooks(Tour& tour);
 
+/// The printer, and a report.
+void WalkReports(Tour& tour);
+
 /// A second key system, with seven pins and angled cuts.
 void WalkSecondSystem(Tour& tour);
 

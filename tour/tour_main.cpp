@@ -116,6 +116,7 @@ void Walk(const Options& options) {
     WalkDoors(tour);
     WalkFind(tour);
     WalkBooks(tour);
+    WalkReports(tour);
     WalkSecondSystem(tour);
     WalkAside(tour);
     WalkCore(tour);

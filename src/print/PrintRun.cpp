@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QSaveFile>
@@ -138,7 +139,18 @@ PrintRun::PrintRun(Session& session, const QString& name)
 
 PrintRun::~PrintRun() = default;
 
+/// The first file was asked for by its dialog, which asks before one is replaced.
+bool PrintRun::MayReplaceNext() const {
+    const auto* files = dynamic_cast<const PdfFiles*>(m_target.get());
+    return !files || files->Written().isEmpty() || !QFile::exists(files->NextPath()) ||
+           m_session.boxes.ConfirmsLoss(RunText("The file %1 exists already. Replace it?")
+                                            .arg(QDir::toNativeSeparators(files->NextPath())),
+                                        m_session.ProgramTitle);
+}
+
 bool PrintRun::Print(const PrintJob& job, int copies) {
+    if (!MayReplaceNext())
+        return false;
     if (!m_path.isEmpty())
         copies = 1;
     int whole = 0;

@@ -51,6 +51,8 @@ public:
     QString Done() const;
 
 private:
+    bool MayReplaceNext() const;
+
     Session& m_session;
     const QString m_printer;
     std::unique_ptr<PrintTarget> m_target;

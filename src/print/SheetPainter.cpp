@@ -172,8 +172,12 @@ PdfFiles::PdfFiles(const QString& path) : m_path(path) {}
 
 PdfFiles::~PdfFiles() = default;
 
+QString PdfFiles::NextPath() const {
+    return NumberedPath(m_path, m_written.size() + 1);
+}
+
 void PdfFiles::Begin(const QString& title, const SheetLayout& layout) {
-    m_open = std::make_unique<Document>(NumberedPath(m_path, m_written.size() + 1), layout);
+    m_open = std::make_unique<Document>(NextPath(), layout);
     m_open->writer = std::make_unique<QPdfWriter>(&m_open->file);
     m_open->writer->setResolution(kPdfDots);
     SetUpPaper(*m_open->writer, layout);

@@ -66,6 +66,9 @@ public:
     void End() override;
     void Drop() override;
 
+    /// Where the next document goes.
+    QString NextPath() const;
+
     /// The files that stand whole.
     const QStringList& Written() const { return m_written; }
 

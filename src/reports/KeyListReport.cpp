@@ -68,7 +68,9 @@ public:
 
 private:
     void PrintHead() {
-        PrintProgramTitle(m_printer, m_head);
+        m_printer.FontBold = true;
+        m_printer.FontSize = 15;
+        m_printer.Print({"       ", m_head.ProgramTitle});
         m_printer.FontSize = 11;
         m_printer.Print({"       Key List for ", m_head.SystemNameLabel});
         m_printer.Print({"       ", ReportDate(m_head.date)});

@@ -94,6 +94,8 @@ TEST(IssueChart, HasALineToSignOnForEachUnitAndASheetForEachKey) {
     };
     ExpectGolden("issue-chart", charts({"A1"}));
     EXPECT_EQ(charts({"GM", "BM-of-a-name"}).count("=== sheet"), 2);
+    site.NameKey(1, "A2");
+    EXPECT_EQ(charts({"A2"}).count(QString(96, ' ') + " |"), 27) << "no unit: a page to sign on";
     for (int unit = 4; unit <= 27; ++unit)
         site.AddUnit("A1", QString::number(unit));
     EXPECT_EQ(charts({"A1"}).count("=== sheet"), 1);

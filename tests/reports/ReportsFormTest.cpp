@@ -2,10 +2,13 @@
 #include "print/Printers.h"
 #include "reports/SelectionReport.h"
 #include "support/AllForms.h"
+#include "widgets/PrinterBox.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QProcess>
+#include <QSpinBox>
 #include <QTimer>
 
 /// \file
@@ -160,6 +163,39 @@ TEST(Preview, TurnsPagesAndWritesWhatItShows) {
     EXPECT_TRUE(report.Foot().contains("shown.pdf"));
 }
 
+TEST(Preview, ShowsAChartOfAKey) {
+    ReportOnScreen report("frmPinningChart");
+    bool looked = false;
+    QTimer::singleShot(0, report.Form(), [&] {
+        auto* preview = qobject_cast<Preview*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(preview);
+        EXPECT_EQ(LabelText(preview, "lblPage"), "Page 1 of 1");
+        looked = true;
+        QTest::keyClick(preview, Qt::Key_Escape);
+    });
+    Click(report.Form(), "cmdPreview");
+    EXPECT_TRUE(looked);
+    EXPECT_TRUE(report.Form()->isVisible());
+}
+
+TEST(PrinterBoxes, AskForCopiesAndPagesWithinTheirRange) {
+    PrinterBox box({QString::fromLatin1(kPdfPrinter), 1, 1, 64}, nullptr);
+    box.show();
+    EXPECT_EQ(Find<QComboBox>(&box, "cmbPrinter")->currentText(), QString(kPdfPrinter));
+    EXPECT_FALSE(Find<QWidget>(&box, "txtCopies")->isEnabled()) << "a file is written once";
+    EXPECT_EQ(box.Choice().lastPage, 0) << "all pages";
+    Find<QSpinBox>(&box, "txtTo")->setValue(9);
+    Find<QSpinBox>(&box, "txtFrom")->setValue(12);
+    EXPECT_EQ(box.Choice().firstPage, 12);
+    EXPECT_EQ(box.Choice().lastPage, 12) << "never before the first";
+    Find<QSpinBox>(&box, "txtTo")->setValue(99);
+    EXPECT_EQ(box.Choice().lastPage, 64);
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(box.result(), QDialog::Accepted);
+    PrinterBox plain({}, nullptr);
+    EXPECT_FALSE(plain.findChild<QSpinBox*>("txtFrom"));
+}
+
 TEST(PrinterForm, ListsTheOneThatWritesFilesLastAndTakesIt) {
     ReportOnScreen report("frmPrinter");
     const QStringList printers = report.Lines("lstPrinters");
@@ -181,6 +217,10 @@ TEST(MainReports, PrintThePageTheSystemAndTheKeys) {
     Click(report.Form(), "cmdPrintPage");
     EXPECT_TRUE(TextOf(report.PathOf("page.pdf")).contains("Page View for Page 1"));
     EXPECT_TRUE(TextOf(report.PathOf("page 2.pdf")).contains("Part 2"));
+    boxes.ExpectFileDialog(kPdf, report.PathOf("page.pdf"));
+    boxes.Expect("Do you wish to print pinning charts?", BoxAnswer::Yes);
+    boxes.Expect("page 2.pdf exists already. Replace it?", BoxAnswer::No);
+    Click(report.Form(), "cmdPrintPage");
 
     boxes.ExpectFileDialog(kPdf, report.PathOf("keys.pdf"));
     Choose(report.Form(), "mnuPrintKeys");
